@@ -1,0 +1,21 @@
+# tlm_add_library(<name> SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...] [NAMESPACE <name>])
+#
+# Adds the library <namespace>-<name> with the alias <namespace>::<name>, its public headers under include/.
+# PUBLIC takes only what those headers need, so that an include against the arrows finds no file.
+function(tlm_add_library name)
+    cmake_parse_arguments(ARG "MOC" "NAMESPACE" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    if(NOT ARG_NAMESPACE)
+        set(ARG_NAMESPACE tlm)
+    endif()
+    set(target ${ARG_NAMESPACE}-${name})
+    add_library(${target} ${ARG_SOURCES})
+    add_library(${ARG_NAMESPACE}::${name} ALIAS ${target})
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/include/*.h)
+    target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS include FILES ${headers})
+    target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} $<BUILD_INTERFACE:tlm-warnings>)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} AUTOMOC ${ARG_MOC} VERIFY_INTERFACE_HEADER_SETS ON)
+    if(ARG_NAMESPACE STREQUAL tlm)
+        set_property(GLOBAL APPEND PROPERTY TLM_INSTALLED_TARGETS ${target})
+    endif()
+endfunction()

@@ -1,0 +1,5 @@
+# Every target is instrumented or none: mixing breaks the container checks.
+if(TALLYMERE_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
