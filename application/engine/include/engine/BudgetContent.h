@@ -1,0 +1,26 @@
+#pragma once
+
+#include <engine/PlannedItem.h>
+#include <engine/Settings.h>
+#include <tlm/budgeting/BudgetItemIdentifier.h>
+#include <tlm/conversion/ConversionMap.h>
+
+#include <map>
+
+class QLocale;
+
+namespace tallymere::engine {
+
+/// All that a document holds.
+struct BudgetContent
+{
+    Settings settings;
+    tlm::conversion::ConversionMap rates;
+    std::map<tlm::budgeting::BudgetItemIdentifier, PlannedItem> items; ///< each under its own identifier
+
+    friend bool operator==(BudgetContent const&, BudgetContent const&) = default;
+};
+
+/// \return a budget with nothing planned yet, in the currency of \a locale's country, or in dollars where it has none
+BudgetContent emptyContent(QLocale const& locale);
+} // namespace tallymere::engine
