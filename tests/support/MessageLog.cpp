@@ -49,7 +49,7 @@ bool meetsAnnouncement(MessageLog::Line const& line)
     }
     return met;
 }
-}
+} // namespace
 
 void MessageLog::listen()
 {
@@ -107,4 +107,4 @@ void expectMessage(QtMsgType type, QString const& pattern)
 {
     MessageLog::announce(type, pattern);
 }
-}
+} // namespace tlm::testing

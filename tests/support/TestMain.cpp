@@ -1,10 +1,10 @@
 #include "support/MessageLog.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QStandardPaths>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -27,7 +27,7 @@ class Listener : public ::testing::EmptyTestEventListener
         }
     }
 };
-}
+} // namespace
 
 int main(int argc, char** argv)
 {

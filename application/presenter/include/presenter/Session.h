@@ -1,0 +1,55 @@
+#pragma once
+
+#include <engine/Household.h>
+#include <storage/Document.h>
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace tallymere::presenter {
+
+/// The budget that is open: its document, and the household that is kept in it.
+///
+/// There is always one. Replacing it makes its exchange rates and its working week those of the process.
+class Session : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Opens with a new, empty budget.
+    explicit Session(storage::Places places);
+    ~Session() override;
+
+    storage::Places const& places() const { return places_; }
+    storage::Document const& document() const { return *document_; }
+    engine::Household& household() { return *household_; }
+
+    /// \return whether there is anything that closing would lose. A document that can't be compared counts as changed.
+    bool isDirty() const;
+
+    /// Each of these takes over the new budget only after it has been read whole; on failure the present one stays.
+    /// \throws storage::DocumentError with a sentence for the person
+    void beginEmpty();
+    void open(QString const& filePathName);
+    void recover(storage::Orphan const& orphan);
+
+    /// \throws storage::DocumentError with a sentence for the person; nothing is lost then, and nothing counts as saved
+    void save();
+    void saveAs(QString const& filePathName);
+
+signals:
+    /// Another budget stands open, or the present one has been read again.
+    void replaced();
+    void saved();
+
+private:
+    void take(std::unique_ptr<storage::Document> document);
+    void adopt(engine::BudgetContent content);
+
+    storage::Places places_;
+    std::unique_ptr<storage::Document> document_;
+    std::optional<engine::Household> household_;
+};
+} // namespace tallymere::presenter

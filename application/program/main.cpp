@@ -1,0 +1,47 @@
+#include <program/Application.h>
+#include <program/CommandLine.h>
+#include <program/Log.h>
+#include <program/Program.h>
+
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace {
+
+using namespace tallymere::program;
+
+void nameProgram()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Tallymere"));
+    QCoreApplication::setApplicationName(QStringLiteral("tallymere"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TALLYMERE_VERSION));
+}
+
+/// Read before the real application object exists, so that help and version need no display.
+std::variant<StartOptions, Answer> readArguments(int argc, char** argv)
+{
+    QCoreApplication const core(argc, argv);
+    return readCommandLine(QCoreApplication::arguments());
+}
+
+int print(Answer const& answer)
+{
+    QTextStream(answer.exitStatus == 0 ? stdout : stderr) << answer.text.trimmed() << '\n';
+    return answer.exitStatus;
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    nameProgram();
+    auto const asked = readArguments(argc, argv);
+    if (auto const* const answer = std::get_if<Answer>(&asked)) {
+        return print(*answer);
+    }
+    Application const application(argc, argv);
+    startLogFile(logFilePathName());
+    Program program(std::get<StartOptions>(asked));
+    program.start();
+    return Application::exec();
+}

@@ -1,0 +1,20 @@
+#include <engine/SampleHousehold.h>
+#include <program/SampleFile.h>
+#include <storage/Document.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace tallymere::program {
+
+QString sampleFile(storage::Places const& places, QString const& folder, QDate const& today)
+{
+    QDir().mkpath(folder);
+    auto const path =
+        QDir(folder).filePath(QStringLiteral("Sample household %1.budget").arg(today.toString(Qt::ISODate)));
+    if (!QFileInfo::exists(path)) {
+        storage::Document::create(places, engine::sampleHousehold(today))->saveAs(path);
+    }
+    return path;
+}
+} // namespace tallymere::program
