@@ -1,0 +1,1 @@
+#include <fiscora/Money.h>

@@ -1,0 +1,1 @@
+#include <tlm/foundation/Error.h>

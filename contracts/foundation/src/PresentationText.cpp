@@ -1,0 +1,1 @@
+#include <tlm/foundation/PresentationText.h>
