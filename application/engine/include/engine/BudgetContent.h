@@ -11,12 +11,15 @@ class QLocale;
 
 namespace tallymere::engine {
 
+/// Each item under its own identifier, ordered by type and source.
+using PlannedItems = std::map<tlm::budgeting::BudgetItemIdentifier, PlannedItem>;
+
 /// All that a document holds.
 struct BudgetContent
 {
     Settings settings;
     tlm::conversion::ConversionMap rates;
-    std::map<tlm::budgeting::BudgetItemIdentifier, PlannedItem> items; ///< each under its own identifier
+    PlannedItems items;
 
     friend bool operator==(BudgetContent const&, BudgetContent const&) = default;
 };

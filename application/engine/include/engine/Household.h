@@ -32,16 +32,22 @@ public:
 
     BudgetContent const& content() const;
 
-    /// Plans \a item, whose rhythm counts from its next occurrence on.
+    /// Plans \a item. Its rhythm counts from its next occurrence on, whatever its anchor.
     void add(PlannedItem item);
 
     /// Puts \a item in the place of \a original, which is found without regard to case and surrounding blanks.
     ///
-    /// Another period or next occurrence makes the rhythm count from the next occurrence on; else its anchor stays.
+    /// Another period or next occurrence makes the rhythm count from that occurrence on. Otherwise the anchor stays,
+    /// whatever the anchor of \a item.
     void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem item);
 
+    /// Drops the item, which is found as change() finds it.
     void remove(tlm::budgeting::BudgetItemIdentifier const& identifier);
+
+    /// Also gives each usable currency the rate 1 for itself, which a whole table of rates needs.
     void configure(Settings settings);
+
+    /// Replaces all rates. A usable currency's rate for itself is always 1, whatever \a rates tell.
     void setRates(tlm::conversion::ConversionMap rates);
 
     /// \return what each type comes to per month in the preferred currency, without items that happen once and
@@ -61,9 +67,12 @@ public:
     tlm::adviser::BudgetHealth health() const;
 
 private:
-    PlannedItem const& planned(tlm::budgeting::BudgetItemIdentifier const& identifier) const;
+    PlannedItems::const_iterator find(tlm::budgeting::BudgetItemIdentifier const& tidied) const;
+    PlannedItems::const_iterator planned(tlm::budgeting::BudgetItemIdentifier const& identifier) const;
+    void check(PlannedItem const& item, PlannedItems::const_iterator replaced) const;
+    void countInProcess() const;
 
     BudgetContent content_;
     Store& store_;
 };
-} // namespace tallymere::engine
+}

@@ -27,8 +27,9 @@ class Recurrence
 {
 public:
     /// An \a anchor that is invalid or outside of the years 1 to 9999 never happens.
-    /// \param workingWeek matters to hourly and daily items only; from 1 to 7 days
-    Recurrence(tlm::budgeting::EventFrequency period, QDate const& anchor, tlm::budgeting::WorkingWeek workingWeek);
+    /// \param workingWeek from 1 to 7 days, which matter to hourly and daily items only
+    Recurrence(tlm::budgeting::EventFrequency period, QDate const& anchor,
+               tlm::budgeting::WorkingWeek const& workingWeek);
 
     /// \return the first occurrence on \a day or after it, empty when there is none any more or \a day is invalid
     std::optional<QDate> onOrAfter(QDate const& day) const;
@@ -36,7 +37,7 @@ public:
     /// \return the first occurrence after \a day, empty when there is none any more or \a day is invalid
     std::optional<QDate> after(QDate const& day) const;
 
-    /// \return occurrences from \a first to \a last, both included, in order; the earliest \a most of them
+    /// \return occurrences from \a first to \a last, both included, in order; of many the earliest \a most
     std::vector<QDate> between(QDate const& first, QDate const& last, std::size_t most) const;
 
 private:
@@ -60,11 +61,14 @@ private:
     QDate occurrence(qint64 index) const;
     QDate halfMonth(qint64 index) const;
     QDate workingDay(qint64 index) const;
-    qint64 indexNotAfter(QDate const& day) const;
     std::optional<qint64> indexOnOrAfter(QDate const& day) const;
+    qint64 indexNear(QDate const& day) const;
+    bool startsLate() const;
+    int workingDaysBefore(QDate const& day) const;
+    qint64 monthsFromAnchorTo(QDate const& day) const;
 
     Rhythm rhythm_;
-    QDate start_; ///< the first occurrence, invalid when there is none
+    QDate anchor_;
     int workingDays_;
 };
 } // namespace tallymere::engine

@@ -1,0 +1,168 @@
+#include "engine/SampleHousehold.h"
+
+#include <engine/Household.h>
+#include <engine/Store.h>
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QLocale>
+
+#include <chrono>
+#include <utility>
+
+using fiscora::Currency;
+using fiscora::FloatingPoint;
+using fiscora::Money;
+using tlm::budgeting::BudgetItemIdentifier;
+using tlm::budgeting::BudgetItemTypes;
+using tlm::budgeting::BudgetSource;
+using tlm::budgeting::EventFrequency;
+using tlm::conversion::ConversionMap;
+using tlm::conversion::RateLookedUp;
+using tlm::foundation::Percentage;
+
+namespace tallymere::engine {
+
+namespace {
+
+/// Lets everything pass: the sample lives in memory until a document takes it.
+class OpenStore : public Store
+{
+public:
+    void transact(std::function<void()> const& changes) override { changes(); }
+    void write(Settings const& /*settings*/) override {}
+    void write(ConversionMap const& /*rates*/) override {}
+    void add(PlannedItem const& /*item*/) override {}
+    void change(BudgetItemIdentifier const& /*original*/, PlannedItem const& /*item*/) override {}
+    void remove(BudgetItemIdentifier const& /*identifier*/) override {}
+};
+
+/// Plans the sample's items, with dates that count from one day.
+class Planner
+{
+public:
+    Planner(Household& household, QDate const& today) : household_(household), today_(today) {}
+
+    void plan(BudgetItemTypes type, QString const& name, Money const& amount, EventFrequency period, int dueIn)
+    {
+        household_.add(item(type, name, amount, period, dueIn));
+    }
+
+    void owe(QString const& name, Money const& payment, EventFrequency period, int dueIn, DebtTerms const& terms)
+    {
+        auto debt = item(BudgetItemTypes::Debt, name, payment, period, dueIn);
+        debt.debt = terms;
+        household_.add(std::move(debt));
+    }
+
+    void saveFor(QString const& name, Money const& share, EventFrequency period, int dueIn, Money const& goalTotal)
+    {
+        auto goal = item(BudgetItemTypes::Goal, name, share, period, dueIn);
+        goal.goalTotal = goalTotal;
+        household_.add(std::move(goal));
+    }
+
+private:
+    PlannedItem item(BudgetItemTypes type, QString const& name, Money const& amount, EventFrequency period,
+                     int dueIn) const
+    {
+        PlannedItem planned;
+        planned.identifier = {type, BudgetSource(name)};
+        planned.amount = amount;
+        planned.period = period;
+        planned.nextOccurOn = today_.addDays(dueIn);
+        return planned;
+    }
+
+    Household& household_;
+    QDate today_;
+};
+
+QString tr(char const* text)
+{
+    return QCoreApplication::translate("SampleHousehold", text);
+}
+
+Money dollars(long long units, unsigned short cents = 0)
+{
+    return {Currency::USD, units, cents, 0};
+}
+
+Money euros(long long units, unsigned short cents = 0)
+{
+    return {Currency::EUR, units, cents, 0};
+}
+
+ConversionMap rates(QDate const& today)
+{
+    using namespace std::chrono;
+    ConversionMap rates;
+    rates.updateConversion(Currency::EUR, Currency::USD, FloatingPoint(1.0850), RateLookedUp{false});
+    rates.updateConversion(Currency::USD, Currency::EUR, FloatingPoint(0.9205), RateLookedUp{false});
+    rates.setLastFetched(sys_days(year(1970) / 1 / 1) + days(QDate(1970, 1, 1).daysTo(today)));
+    return rates;
+}
+
+void planWages(Planner& planner)
+{
+    planner.plan(BudgetItemTypes::Wage, tr("Robin's salary"), dollars(1'985), EventFrequency::Fortnightly, 5);
+    planner.plan(BudgetItemTypes::Wage, tr("Alex's part-time job"), dollars(1'340), EventFrequency::Monthly, 11);
+}
+
+void planBills(Planner& planner)
+{
+    auto const bill = [&](QString const& name, Money const& amount, EventFrequency period, int dueIn) {
+        planner.plan(BudgetItemTypes::Bill, name, amount, period, dueIn);
+    };
+    bill(tr("Rent"), dollars(1'425), EventFrequency::Monthly, 6);
+    bill(tr("Groceries"), dollars(165), EventFrequency::Weekly, 1);
+    bill(tr("Electricity"), dollars(148, 60), EventFrequency::EveryTwoMonths, -3);
+    bill(tr("Internet and phones"), dollars(89, 90), EventFrequency::EveryFourWeeks, 0);
+    bill(tr("Water"), dollars(112, 35), EventFrequency::Quarterly, 10);
+    bill(tr("Music lessons"), dollars(45), EventFrequency::Fortnightly, 4);
+    bill(tr("Bus passes"), dollars(32), EventFrequency::TwiceMonthly, 3);
+    bill(tr("Car insurance"), dollars(486), EventFrequency::HalfYearly, 33);
+    bill(tr("Contents insurance"), dollars(214, 50), EventFrequency::Yearly, 13);
+    bill(tr("Newspaper from Lisbon"), euros(12, 99), EventFrequency::Monthly, 2);
+    bill(tr("Dentist"), dollars(130), EventFrequency::EveryNineMonths, 74);
+    bill(tr("Passports"), dollars(260), EventFrequency::EveryTenYears, 410);
+}
+
+void planDebts(Planner& planner)
+{
+    planner.owe(tr("Car loan"), dollars(268, 40), EventFrequency::Monthly, 8, {dollars(12'800), Percentage(5.9, 2)});
+    planner.owe(tr("Student loan"), dollars(142), EventFrequency::Monthly, -1, {dollars(16'500), Percentage(3.75, 2)});
+}
+
+void planGoals(Planner& planner)
+{
+    planner.saveFor(tr("Emergency fund"), dollars(110), EventFrequency::Fortnightly, 5, dollars(9'000));
+    planner.saveFor(tr("Summer in Portugal"), euros(135), EventFrequency::Monthly, 7, euros(2'400));
+    planner.saveFor(tr("Bicycle"), dollars(30), EventFrequency::TwiceMonthly, 12, dollars(850));
+    planner.saveFor(tr("Next car"), dollars(360), EventFrequency::Quarterly, 27, dollars(11'000));
+}
+
+void planNontracks(Planner& planner)
+{
+    planner.plan(BudgetItemTypes::Nontrack, tr("Pocket money"), dollars(40), EventFrequency::Weekly, -8);
+    planner.plan(BudgetItemTypes::Nontrack, tr("Eating out"), dollars(85), EventFrequency::Fortnightly, 0);
+}
+}
+
+BudgetContent sampleHousehold(QDate const& today)
+{
+    OpenStore store;
+    Household household(emptyContent(QLocale(QLocale::English, QLocale::UnitedStates)), store);
+    auto settings = household.content().settings;
+    settings.usable = {Currency::USD, Currency::EUR};
+    household.configure(settings);
+    household.setRates(rates(today));
+    Planner planner(household, today);
+    planWages(planner);
+    planBills(planner);
+    planDebts(planner);
+    planGoals(planner);
+    planNontracks(planner);
+    return household.content();
+}
+}
