@@ -1,10 +1,11 @@
-# tlm_add_test(<name> SOURCES <file>... LIBRARIES <target>... [LABELS <label>...] [TIMEOUT <seconds>])
+# tlm_add_test(<name> [REAL_WINDOW] SOURCES <file>... LIBRARIES <target>... [LABELS <label>...] [TIMEOUT <seconds>])
 #
-# Adds a GoogleTest program whose every test ctest runs on its own, offscreen, under the listening fixture of tests/support.
+# Adds a GoogleTest program whose every test ctest runs on its own under the listening fixture of tests/support: offscreen, or with
+# REAL_WINDOW on a virtual display of its own.
 include(GoogleTest)
 
 function(tlm_add_test name)
-    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+    cmake_parse_arguments(ARG "REAL_WINDOW" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 120)
     endif()
@@ -12,6 +13,11 @@ function(tlm_add_test name)
     target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} tlm-test-support)
     target_precompile_headers(${name} REUSE_FROM tlm-test-support)
     set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+    set(platform offscreen)
+    if(ARG_REAL_WINDOW)
+        set(platform xcb)
+        set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tools/with-display)
+    endif()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}" ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+        PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}" ENVIRONMENT "QT_QPA_PLATFORM=${platform}")
 endfunction()

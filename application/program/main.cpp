@@ -1,6 +1,6 @@
 #include <program/Application.h>
 #include <program/CommandLine.h>
-#include <program/Log.h>
+#include <services/Log.h>
 #include <program/Program.h>
 
 #include <QTextStream>
@@ -40,7 +40,7 @@ int main(int argc, char** argv)
         return print(*answer);
     }
     Application const application(argc, argv);
-    startLogFile(logFilePathName());
+    tallymere::services::startLogFile(tallymere::services::logFilePathName());
     Program program(std::get<StartOptions>(asked));
     program.start();
     return Application::exec();

@@ -1,9 +1,7 @@
 #include <presenter/Session.h>
-#include <services/ExchangeRates.h>
-#include <tlm/budgeting/WorkingWeek.h>
-
 #include <QDebug>
 #include <QFileInfo>
+#include <QLocale>
 
 namespace tallymere::presenter {
 
@@ -35,7 +33,7 @@ bool Session::isDirty() const
 
 void Session::beginEmpty()
 {
-    take(storage::Document::create(places_, engine::emptyContent()));
+    take(storage::Document::create(places_, engine::emptyContent(QLocale())));
 }
 
 void Session::open(QString const& filePathName)
@@ -74,8 +72,6 @@ void Session::take(std::unique_ptr<storage::Document> document)
 
 void Session::adopt(engine::BudgetContent content)
 {
-    services::registerExchangeRates(content.rates);
-    tlm::budgeting::setWorkingWeek(content.settings.workingWeek);
     household_.emplace(std::move(content), *document_);
     emit replaced();
 }

@@ -13,7 +13,7 @@ namespace tallymere::program {
 
 namespace {
 
-tlm::navigation::ConfigurationOptions wordingOf(StartOptions const& options, Preferences const& preferences)
+tlm::navigation::ConfigurationOptions wordingOf(StartOptions const& options, services::Preferences const& preferences)
 {
     tlm::navigation::ConfigurationOptions wording{};
     wording.isAccounting = options.isAccounting.value_or(preferences.isAccounting());

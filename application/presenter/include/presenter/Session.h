@@ -12,7 +12,7 @@ namespace tallymere::presenter {
 
 /// The budget that is open: its document, and the household that is kept in it.
 ///
-/// There is always one. Replacing it makes its exchange rates and its working week those of the process.
+/// There is always one.
 class Session : public QObject
 {
     Q_OBJECT

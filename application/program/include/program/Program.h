@@ -6,7 +6,7 @@
 #include <presenter/UnansweredPresenter.h>
 #include <presenter/WindowTitle.h>
 #include <program/CommandLine.h>
-#include <program/Preferences.h>
+#include <services/Preferences.h>
 #include <tlm/desktop_ui/MainWindow.h>
 #include <tlm/navigation/ConfigurationOptions.h>
 
@@ -34,7 +34,7 @@ private:
     void rememberFile();
 
     StartOptions options_;
-    Preferences preferences_;
+    services::Preferences preferences_;
     tlm::navigation::ConfigurationOptions wording_;
     presenter::Session session_;
     tlm::desktop_ui::MainWindow window_;

@@ -1,6 +1,6 @@
-#include <program/Preferences.h>
+#include <services/Preferences.h>
 
-namespace tallymere::program {
+namespace tallymere::services {
 
 namespace {
 
@@ -38,4 +38,4 @@ void Preferences::setWindowGeometry(QByteArray const& geometry)
 {
     settings_.setValue(geometryKey, geometry);
 }
-} // namespace tallymere::program
+} // namespace tallymere::services

@@ -1,4 +1,4 @@
-#include <program/Log.h>
+#include <services/Log.h>
 
 #include <QDebug>
 #include <QDir>
@@ -8,7 +8,7 @@
 #include <spdlog/sinks/rotating_file_sink.h>
 #include <spdlog/spdlog.h>
 
-namespace tallymere::program {
+namespace tallymere::services {
 
 namespace {
 
@@ -65,4 +65,4 @@ void startLogFile(QString const& filePathName)
     }
     handlerBefore = qInstallMessageHandler(logToFileToo);
 }
-} // namespace tallymere::program
+} // namespace tallymere::services

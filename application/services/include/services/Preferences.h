@@ -4,7 +4,7 @@
 #include <QSettings>
 #include <QString>
 
-namespace tallymere::program {
+namespace tallymere::services {
 
 /// What belongs to a person rather than to a budget, kept between two starts in the user's settings.
 class Preferences
@@ -25,4 +25,4 @@ public:
 private:
     QSettings settings_;
 };
-} // namespace tallymere::program
+} // namespace tallymere::services

@@ -1,0 +1,105 @@
+#include "Fixture.h"
+
+#include <storage/DocumentError.h>
+#include <tlm/budgeting/WorkingWeek.h>
+
+#include <QFile>
+#include <QSignalSpy>
+
+namespace tallymere::presenter {
+namespace {
+
+using SessionTest = PresenterTest;
+
+TEST_F(SessionTest, BeginsWithAnEmptyBudgetThatHasNothingToLose)
+{
+    EXPECT_TRUE(session.household().content().items.empty());
+    EXPECT_TRUE(session.document().filePathName().isEmpty());
+    EXPECT_FALSE(session.isDirty());
+}
+
+TEST_F(SessionTest, OpensWhatAFileHolds)
+{
+    auto const path = writeSample("sample.budget");
+    QSignalSpy const replaced(&session, &Session::replaced);
+
+    session.open(path);
+
+    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()));
+    EXPECT_EQ(session.document().filePathName(), path);
+    EXPECT_FALSE(session.isDirty());
+    EXPECT_EQ(replaced.count(), 1);
+}
+
+TEST_F(SessionTest, KeepsTheOpenBudgetWhenAnotherCannotBeRead)
+{
+    changeSomething();
+    auto const before = session.household().content();
+    QSignalSpy const replaced(&session, &Session::replaced);
+
+    EXPECT_THROW(session.open(home.path("missing.budget")), storage::DocumentError);
+
+    EXPECT_EQ(session.household().content(), before);
+    EXPECT_TRUE(session.isDirty());
+    EXPECT_EQ(replaced.count(), 0);
+}
+
+TEST_F(SessionTest, OpeningTheOpenFileReadsItAgain)
+{
+    auto const path = writeSample("sample.budget");
+    session.open(path);
+    changeSomething();
+
+    session.open(path);
+
+    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()));
+    EXPECT_FALSE(session.isDirty());
+}
+
+TEST_F(SessionTest, KeepsItsChangesWhenTheOpenFileCannotBeReadAgain)
+{
+    auto const path = writeSample("sample.budget");
+    session.open(path);
+    changeSomething();
+    auto const changed = session.household().content();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no budget any more");
+    file.close();
+
+    EXPECT_THROW(session.open(path), storage::DocumentError);
+
+    EXPECT_EQ(session.household().content(), changed);
+    EXPECT_TRUE(session.isDirty());
+}
+
+TEST_F(SessionTest, ChangesAreInTheFileOnceSaved)
+{
+    auto const path = writeSample("sample.budget");
+    session.open(path);
+    changeSomething();
+    auto const changed = session.household().content();
+    QSignalSpy const saved(&session, &Session::saved);
+
+    session.save();
+
+    EXPECT_FALSE(session.isDirty());
+    EXPECT_EQ(saved.count(), 1);
+    session.beginEmpty();
+    session.open(path);
+    EXPECT_EQ(session.household().content(), changed);
+}
+
+TEST_F(SessionTest, TheWorkingWeekOfTheOpenBudgetIsTheProcessOne)
+{
+    auto content = engine::sampleHousehold(QDate::currentDate());
+    content.settings.workingWeek = {std::chrono::hours(36), std::chrono::days(4)};
+    auto const path = home.path("short-week.budget");
+    storage::Document::create(session.places(), content)->saveAs(path);
+
+    session.open(path);
+
+    EXPECT_EQ(tlm::budgeting::workingWeek(), content.settings.workingWeek);
+}
+}
+}

@@ -1,0 +1,50 @@
+#include <engine/Household.h>
+#include <engine/SampleHousehold.h>
+#include <program/SampleFile.h>
+#include <storage/Document.h>
+
+#include <gtest/gtest.h>
+#include <support/Home.h>
+
+namespace tallymere::program {
+namespace {
+
+class SampleFileTest : public ::testing::Test
+{
+protected:
+    tlm::testing::Home home;
+    storage::Places places{home.path("working"), home.path("backups")};
+    QDate today{2026, 3, 31};
+};
+
+TEST_F(SampleFileTest, HoldsTheSampleHouseholdOfTheDay)
+{
+    auto const path = sampleFile(places, home.path("samples"), today);
+
+    EXPECT_EQ(storage::Document::open(places, path)->content(), engine::sampleHousehold(today));
+}
+
+TEST_F(SampleFileTest, WhatWasSavedInTheSampleOfTheDayStays)
+{
+    auto const path = sampleFile(places, home.path("samples"), today);
+    {
+        auto const document = storage::Document::open(places, path);
+        engine::Household household(document->content(), *document);
+        household.remove(household.content().items.begin()->first);
+        document->save();
+    }
+
+    auto const again = sampleFile(places, home.path("samples"), today);
+
+    EXPECT_EQ(again, path);
+    EXPECT_EQ(storage::Document::open(places, again)->content().items.size(),
+              engine::sampleHousehold(today).items.size() - 1);
+}
+
+TEST_F(SampleFileTest, AnotherDayHasASampleOfItsOwn)
+{
+    EXPECT_NE(sampleFile(places, home.path("samples"), today),
+              sampleFile(places, home.path("samples"), today.addDays(1)));
+}
+}
+}
