@@ -11,9 +11,10 @@ namespace fiscora {
 
 /// An amount of one currency, exact to a hundredth of its minor unit.
 ///
-/// One signed 64-bit integer holds the amount, counted in stored units: 1.50 EUR are 15000, since the euro has two
-/// minor digits and two more lie below them. Arithmetic raises rather than leaves that range, and never rounds by
-/// itself. The empty money is a zero of code `XXX`; adding or subtracting it changes nothing.
+/// One signed 64-bit integer holds the amount, counted in stored units: 1.50 EUR are 15000, since the euro has two minor
+/// digits and two more lie below them. Arithmetic raises rather than leaves that range, and never rounds by itself.
+///
+/// The empty money is a zero of code `XXX`. Amounts of that code are left out of the sums of every other currency.
 class Money
 {
 public:
@@ -57,7 +58,7 @@ public:
     Money& assign(Money&& other) noexcept { return *this = other; }
 
     /// Adds \a other in place.
-    /// \throws std::invalid_argument when the currencies differ and \a other isn't the empty money
+    /// \throws std::invalid_argument when the currencies differ; but an \a other of code `XXX` is left out
     /// \throws std::overflow_error when the sum leaves 64 bits; this money then keeps its amount
     Money& operator+=(Money const& other);
 
@@ -97,6 +98,10 @@ private:
 /// \return decimal digits of Money::amount() that lie after the decimal point: minorUnitDigits() and two more
 unsigned char storedDigits(Currency const& code);
 
-/// \return amount and code for the log, "-12.50 EUR"; independent of the locale
+/// Writes the amount exactly, in ASCII whatever the locale: "-1234.50".
+/// \return all of the currency's minor digits, and those below where they aren't zero; no groups
+std::string toDecimal(Money const& money);
+
+/// \return amount and code for the log, "-12.50 EUR"
 std::string toStdString(Money const& money);
 } // namespace fiscora

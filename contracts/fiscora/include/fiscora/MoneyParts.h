@@ -45,9 +45,11 @@ private:
 /// Takes apart an amount immediately followed by a currency code, "-12.50EUR".
 ///
 /// Reads decimal digits of every script, a minus in front in its various forms, and marks of the writing direction, but
-/// no group separators. The bare code "XXX" gives the parts of the empty money. \param text UTF-8 \param decimalPoint
-/// Latin-1; 0, or any sign outside of ASCII, where the locale's point isn't ASCII: then all of '.',
-///        ',' and the Arabic decimal separator are read as the point
+/// no group separators, since they are points elsewhere. The bare code "XXX" gives the parts of the empty money.
+///
+/// \param text UTF-8
+/// \param decimalPoint as Latin-1; the Arabic decimal separator is always read as a point, too. Where the locale's point
+///        isn't ASCII, this is 0 or another stand-in, and means the full stop.
 /// \throws std::invalid_argument with a sentence for the person who typed, when \a text isn't an amount, names no
 ///         known currency, has no currency, or has more digits after the point than are stored
 /// \throws std::overflow_error likewise, when the whole units leave 64 bits
