@@ -1,0 +1,85 @@
+#pragma once
+
+#include <engine/Store.h>
+#include <storage/DocumentError.h>
+#include <storage/Orphan.h>
+#include <storage/Places.h>
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace tallymere::storage {
+
+class FileLock;
+class WorkingCopy;
+class DiskState;
+
+/// A budget file that stands open.
+///
+/// Changes go to a working copy, each as one durable transaction, and reach the file with the next save. While a
+/// document stands open its file is locked. Destroying a document closes it: what wasn't saved is gone then. When the
+/// program ends without that, orphans() finds the working copy at the next start.
+///
+/// Every failure throws a DocumentError and leaves the document, the file and the unsaved changes as they were.
+class Document : public engine::Store
+{
+    Q_DECLARE_TR_FUNCTIONS(Document)
+
+public:
+    /// Makes a document that has no file yet.
+    static std::unique_ptr<Document> create(Places const& places, engine::BudgetContent const& content);
+
+    /// Opens a file after checking it whole. A refused file stays untouched, byte for byte.
+    /// \param filePathName may be a symbolic link or relative to the current directory
+    static std::unique_ptr<Document> open(Places const& places, QString const& filePathName);
+
+    /// \return the unsaved work of programs that have ended, in no order. Work that turns out to be saved is tidied away.
+    static std::vector<Orphan> orphans(Places const& places);
+
+    /// Opens \a orphan as the document that it was. It counts as changed until it is saved.
+    static std::unique_ptr<Document> recover(Places const& places, Orphan const& orphan);
+
+    /// Gives up \a orphan for good, unless another program has recovered it meanwhile. Logs what can't be removed.
+    static void discard(Orphan const& orphan);
+
+    ~Document() override;
+
+    /// \return what the working copy holds, read from there at each call
+    engine::BudgetContent content() const;
+
+    /// \return the file's path as it was given to open() or saveAs(), made absolute; empty before the first save
+    QString const& filePathName() const { return filePathName_; }
+
+    /// \return whether the content differs from what is in the file now. A new document that is still as it was created
+    ///         doesn't; one whose file has gone, can't be read, or that was recovered does.
+    bool isDirty() const;
+
+    /// Replaces the file by a complete new one and keeps it among the backups, with the one before.
+    void save();
+
+    /// Saves under another name, which the document then has.
+    void saveAs(QString const& filePathName);
+
+    /// Reads the file again in place of the present content.
+    void reload();
+
+    void transact(std::function<void()> const& changes) override;
+    void write(engine::Settings const& settings) override;
+    void write(tlm::conversion::ConversionMap const& rates) override;
+    void add(engine::PlannedItem const& item) override;
+    void change(tlm::budgeting::BudgetItemIdentifier const& original, engine::PlannedItem const& item) override;
+    void remove(tlm::budgeting::BudgetItemIdentifier const& identifier) override;
+
+private:
+    Document(Places places, QString filePathName, std::unique_ptr<FileLock> lock, std::unique_ptr<WorkingCopy> copy);
+
+    Places places_;
+    QString filePathName_;
+    std::unique_ptr<FileLock> lock_; ///< none before the first save
+    std::unique_ptr<WorkingCopy> copy_;
+    std::unique_ptr<DiskState> onDisk_;
+};
+} // namespace tallymere::storage

@@ -1,0 +1,12 @@
+#include <storage/Places.h>
+
+#include <QStandardPaths>
+
+namespace tallymere::storage {
+
+Places Places::ofUser()
+{
+    auto const data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    return {data + QStringLiteral("/working-copies"), data + QStringLiteral("/backups")};
+}
+} // namespace tallymere::storage
