@@ -69,10 +69,11 @@ ConversionMap withDiagonal(ConversionMap rates, std::set<Currency> const& usable
     return rates;
 }
 
+/// \return the amount of one day, which has several hours
 Money amountOfOccurrence(PlannedItem const& item)
 {
     return item.period == EventFrequency::Hourly
-               ? accumulateOver(EventFrequency::Daily, item.amount, EventFrequency::Hourly)
+               ? counted([&] { return accumulateOver(EventFrequency::Daily, item.amount, EventFrequency::Hourly); })
                : item.amount;
 }
 
@@ -168,13 +169,17 @@ BudgetTotals Household::monthlyTotals() const
 
 std::vector<BudgetItemAmountDue> Household::due(QDate const& today) const
 {
-    std::vector<BudgetItemAmountDue> found;
     auto const last = today.addDays(content_.settings.dueWithin.count());
+    std::vector<BudgetItemAmountDue> found;
     for (auto const& [identifier, item] : content_.items) {
         Recurrence const recurrence(item.period, item.anchoredOn, content_.settings.workingWeek);
-        auto const amount = counted([&] { return amountOfOccurrence(item); });
-        for (auto const& dueOn : recurrence.between(item.nextOccurOn, last, mostDueOfOneItem_)) {
-            found.push_back({{{identifier.type, identifier.source}, dueOn}, amount});
+        auto const days = recurrence.between(item.nextOccurOn, last, mostDueOfOneItem_);
+        if (days.size() == mostDueOfOneItem_) {
+            qWarning() << "Of a long neglected budget item, only its first" << mostDueOfOneItem_
+                       << "are due:" << identifier;
+        }
+        for (auto const& day : days) {
+            found.push_back({{identifier, day}, amountOfOccurrence(item)});
         }
     }
     std::sort(found.begin(), found.end(), isDueBefore);
@@ -192,7 +197,7 @@ BudgetHealth Household::health() const
         }
         return total(borrowed, content_.settings.preferred);
     });
-    return assess(monthlyTotals(), stillOwed);
+    return tlm::adviser::assess(monthlyTotals(), stillOwed);
 }
 
 /// \return the item of that name, the end when there is none
