@@ -1,0 +1,59 @@
+#include <tlm/accounting/TransactionNumber.h>
+#include <tlm/foundation/Error.h>
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+namespace tlm::accounting {
+
+namespace {
+
+/// \return what stands in \a text where transactionCaption() has its number, empty when it isn't that caption
+QString filledIn(QString const& text)
+{
+    auto const pattern =
+        QRegularExpression::escape(transactionCaption()).replace(QStringLiteral("\\%1"), QStringLiteral("([0-9]+)"));
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).captured(1);
+}
+
+/// \return the only digits of \a text, empty when there are none, or several groups of them
+QString onlyDigits(QString const& text)
+{
+    static QRegularExpression const lonely(QStringLiteral("^[^0-9]*([0-9]+)[^0-9]*$"));
+    return lonely.match(text).captured(1);
+}
+}
+
+QString presentationText(TransactionNumber const& number)
+{
+    return QString::number(number.integer());
+}
+
+QString transactionCaption()
+{
+    return QCoreApplication::translate("tlm::accounting", "TXN %1");
+}
+
+std::optional<TransactionNumber> toTransactionNumber(QString const& text)
+{
+    if (text.isEmpty()) {
+        return std::nullopt;
+    }
+    // A translation may have digits of its own, which only the caption itself can tell from the number.
+    auto const captioned = filledIn(text);
+    auto isNumber = false;
+    TransactionNumber const number((captioned.isEmpty() ? onlyDigits(text) : captioned).toUShort(&isNumber));
+    if (!isNumber) {
+        throw foundation::Error(
+            QCoreApplication::translate("tlm::accounting", "\"%1\" tells no transaction's number.").arg(text));
+    }
+    return number;
+}
+
+QDebug operator<<(QDebug debug, TransactionNumber const& number)
+{
+    QDebugStateSaver const saver(debug);
+    debug.nospace() << "TransactionNumber(" << number.integer() << ')';
+    return debug;
+}
+}
