@@ -1,0 +1,376 @@
+#pragma once
+
+#include <fiscora/Currency.h>
+#include <tlm/banking/BankAccountTypes.h>
+#include <tlm/budgeting/BudgetItemTypes.h>
+#include <tlm/desktop_ui/Export.h>
+#include <tlm/desktop_ui/Records.h>
+#include <tlm/foundation/QtPtr.h>
+#include <tlm/navigation/AllowSubAccounts.h>
+#include <tlm/navigation/BudgetWizardTemplates.h>
+#include <tlm/navigation/CurrencyDisplayOptions.h>
+
+#include <QDate>
+#include <QMainWindow>
+#include <QString>
+#include <QToolBar>
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+// Records only pass through the window, so whoever joins it includes the few that they look into.
+Q_MOC_INCLUDE(<fiscora / Money.h>)
+Q_MOC_INCLUDE(<tlm / accounting / Account.h>)
+Q_MOC_INCLUDE(<tlm / accounting / AccountCode.h>)
+Q_MOC_INCLUDE(<tlm / accounting / AccountNumber.h>)
+Q_MOC_INCLUDE(<tlm / accounting / LedgerAccount.h>)
+Q_MOC_INCLUDE(<tlm / accounting / Transaction.h>)
+Q_MOC_INCLUDE(<tlm / accounting / TransactionNumber.h>)
+Q_MOC_INCLUDE(<tlm / adviser / BudgetHealth.h>)
+Q_MOC_INCLUDE(<tlm / banking / AccountNumberBankType.h>)
+Q_MOC_INCLUDE(<tlm / banking / Bank.h>)
+Q_MOC_INCLUDE(<tlm / banking / BankAccount.h>)
+Q_MOC_INCLUDE(<tlm / banking / BankName.h>)
+Q_MOC_INCLUDE(<tlm / banking / ReconciledBalance.h>)
+Q_MOC_INCLUDE(<tlm / budgeting / BudgetItemAmountDue.h>)
+Q_MOC_INCLUDE(<tlm / budgeting / BudgetItemDueIdentifier.h>)
+Q_MOC_INCLUDE(<tlm / budgeting / BudgetItemIdentifier.h>)
+Q_MOC_INCLUDE(<tlm / budgeting / BudgetSource.h>)
+Q_MOC_INCLUDE(<tlm / budgeting / BudgetTotals.h>)
+Q_MOC_INCLUDE(<tlm / budgeting / BudgetedMoney.h>)
+Q_MOC_INCLUDE(<tlm / conversion / ConversionMap.h>)
+Q_MOC_INCLUDE(<tlm / foundation / Percentage.h>)
+Q_MOC_INCLUDE(<tlm / navigation / GuiElementIdentifier.h>)
+Q_MOC_INCLUDE(<tlm / surveying / DistributedAmount.h>)
+Q_MOC_INCLUDE(<tlm / surveying / IndexedIncreaseDecreases.h>)
+Q_MOC_INCLUDE(<tlm / surveying / MappingSurvey.h>)
+Q_MOC_INCLUDE(<tlm / updating / SemanticVersion.h>)
+
+class QFileDialog;
+namespace Ui {
+class TlmMnwndw;
+}
+namespace tlm::adjutor {
+class HelpWidget;
+}
+namespace tlm::navigation {
+struct ConfigurationOptions;
+}
+
+namespace tlm::desktop_ui {
+
+/// The one window of the application, and all that a presenter needs to know of the interface.
+///
+/// The window holds no budget. It says what the person wants through its signals, a presenter answers through its slots
+/// and its answering signals, and the view on screen listens to both. Every join is direct and on the interface thread,
+/// so a presenter may answer inside the emission. Money parameters state their own currency.
+class TLM_DESKTOP_UI_EXPORT MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Builds the window, still hidden, in the wording that \a options choose.
+    /// \param options is read again whenever a view is shown, so it has to outlive the window
+    explicit MainWindow(navigation::ConfigurationOptions const& options);
+    ~MainWindow() override;
+
+signals:
+    /// \name Views
+    /// The person wants to see a view. The slot `onShow...` of the same name answers with what it shows.
+    ///@{
+    void prepareShowBills();
+    void prepareShowDebts();
+    void prepareShowGoals();
+    void prepareShowNontracks();
+    void prepareShowWages();
+    void prepareShowAccounts();
+    void prepareShowLedgers();
+    void prepareShowBanks();
+    void prepareShowProcessBudgetItems();
+    void prepareShowSurvey();
+    ///@}
+
+    /// \name Budget file
+    ///@{
+
+    /// A new empty budget is wanted. onShowConfirmNewBudget() answers when changes would be lost, otherwise the
+    /// presenter goes on as if confirmedNewBudgetEmpty() had come.
+    void prepareNewBudgetEmpty();
+    /// The person accepts that changes are lost. onShowNewBudget() answers.
+    void confirmedNewBudgetEmpty();
+    /// The file at the absolute path \a filePathName is to be opened. onShowConfirmLoadBudgetFile() answers when
+    /// changes would be lost, otherwise the presenter goes on as if confirmedLoadBudgetFile() had come.
+    void loadBudgetFile(QString const& filePathName);
+    /// The person accepts that changes are lost. onLoadedBudgetFile() answers with both parameters unchanged.
+    void confirmedLoadBudgetFile(QString const& filePathName, bool isReloaded);
+    /// onSavedBudgetFile() answers, or onShowSaveAsBudgetFile() as long as the budget has no file.
+    void saveBudgetFile();
+    /// The budget is to be stored under \a filePathName, as the person typed it. onSavedBudgetFile() answers.
+    void saveAsBudgetFile(QString const& filePathName);
+    /// onLoadedBudgetFile() answers, or onShowNoBudgetFileOpened() as long as the budget has no file.
+    void reloadBudgetFile();
+    /// The window was asked to close. It stays open until onCheckCleanExit() answers.
+    void checkIsBudgetFileDirty();
+    /// A new budget by way of the wizard is wanted. Answered like prepareNewBudgetEmpty().
+    void prepareNewBudgetFirstTimeWizard();
+    /// The person accepts that changes are lost. The wizard answers.
+    void confirmedNewBudgetFirstTimeWizard();
+    ///@}
+
+    /// \name More views
+    /// As the views above.
+    ///@{
+    void prepareShowDashboard();
+    void prepareShowExchangeRates();
+    void prepareShowConfigure();
+    void prepareShowMoneyTransfer();
+    void prepareShowBudgetItemRefund();
+    ///@}
+
+    /// The notes of all releases are wanted.
+    void fetchReleaseNotes();
+    /// The person has read the notice that onUpdateReleased() showed. Expects no answer.
+    void updateAvailableAcknowledged();
+
+    /// \name Budget items
+    /// Each change names its entry by \a id and is answered by exactly one of saveSucceeded() and saveFailed().
+    ///@{
+
+    /// \param item is a record of the kind that \a type tells, read by a dynamic downcast
+    /// \param ba is where a debt is paid from or a goal is stored, empty when none is chosen or for other types
+    void added(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
+               budgeting::BudgetedMoney const& item, std::optional<banking::BankAccount> const& ba);
+    void renamed(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
+                 budgeting::BudgetSource const& original, budgeting::BudgetSource const& changed);
+    /// Parameters as in added(); the item of the same source takes over the values of \a item.
+    void updated(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
+                 budgeting::BudgetedMoney const& item, std::optional<banking::BankAccount> const& ba);
+    void removed(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
+                 budgeting::BudgetSource const& source);
+    void saveSucceeded(navigation::GuiElementIdentifier const& id, budgeting::BudgetSource const& source);
+    /// \param original is the source before the change, empty for a new item
+    /// \param errorMessage tells the person what was refused, why, and what to do
+    /// \param displayed is the source that the entry shows now
+    void saveFailed(navigation::GuiElementIdentifier const& id, std::optional<budgeting::BudgetSource> const& original,
+                    QString const& errorMessage, std::optional<budgeting::BudgetSource> const& displayed);
+    ///@}
+
+    /// The accounts of the bank \a bn are wanted; lookedUpBankAccounts() answers.
+    void lookUpBankAccounts(banking::BankName const& bn, navigation::AllowSubAccounts shouldAllow);
+    void lookedUpBankAccounts(banking::BankName const& bn,
+                              std::set<banking::AccountNumberBankType> const& accountTypes);
+
+    /// \name Processing
+    /// Each change is answered by exactly one of processBudgetItemSaveSucceeded() and processBudgetItemSaveFailed().
+    ///@{
+
+    /// A due item was paid from or stored in the account \a ac.
+    void processBudgetItemPosted(budgeting::BudgetItemAmountDue const& bid, accounting::AccountCode const& ac,
+                                 QDate const& postOn);
+    /// An amount was posted to an item outside its schedule.
+    void processBudgetItemPostedUnexpected(budgeting::BudgetItemDueIdentifier const& bidi, fiscora::Money const& amount,
+                                           accounting::AccountCode const& ac, QDate const& postOn);
+    void processBudgetItemSkipped(budgeting::BudgetItemDueIdentifier const& bidi);
+    /// \param txnNum is the posting made, empty for a skipped item
+    void processBudgetItemSaveSucceeded(budgeting::BudgetItemDueIdentifier const& bidi,
+                                        std::optional<accounting::TransactionNumber> const& txnNum);
+    void processBudgetItemSaveFailed(budgeting::BudgetItemDueIdentifier const& bidi, QString const& errorMessage);
+    ///@}
+
+    /// \name Refunds
+    ///@{
+
+    /// The sources of the type of \a requestedBy are wanted; lookedUpBudgetItemSources() answers with it unchanged.
+    void lookUpBudgetItemSources(budgeting::BudgetItemDueIdentifier const& requestedBy);
+    void lookedUpBudgetItemSources(budgeting::BudgetItemDueIdentifier const& requestedBy,
+                                   std::set<budgeting::BudgetSource> const& sources);
+    /// The postings made from an item are wanted; lookedUpRefundableTransactions() answers.
+    void lookUpRefundableTransactions(budgeting::BudgetItemIdentifier const& bii);
+    void lookedUpRefundableTransactions(budgeting::BudgetItemIdentifier const& bii, accounting::AccountCode const& ac,
+                                        std::set<accounting::Transaction> const& txns);
+    /// Answered like a change to a transaction.
+    void postRefund(accounting::TransactionNumber const& txnNum, fiscora::Money const& refund);
+    ///@}
+
+    /// \name Accounts
+    /// Each change is answered by exactly one of accountSaveSucceeded() and accountSaveFailed().
+    ///@{
+    void addedAct(accounting::Account const& a);
+    void recoded(accounting::AccountCode const& current, accounting::AccountCode const& changed);
+    void closed(accounting::AccountCode const& code);
+    void opened(accounting::AccountCode const& code);
+    void removedAct(accounting::AccountCode const& code);
+    void accountSaveSucceeded(accounting::AccountCode const& code);
+    /// Parameters as in saveFailed().
+    void accountSaveFailed(std::optional<accounting::AccountCode> const& original, QString const& errorMessage,
+                           std::optional<accounting::AccountCode> const& displayed);
+    ///@}
+
+    /// \name Ledgers and transactions
+    /// Each change is answered by exactly one of transactionSaveSucceeded() and transactionSaveFailed().
+    ///@{
+
+    /// The ledger of \a code is wanted; showLedger() answers.
+    void selectedLedger(accounting::AccountCode const& code);
+    void showLedger(accounting::LedgerAccount const& ledger);
+    void addedTransaction(accounting::Transaction const& txn);
+    void updatedTransaction(accounting::TransactionNumber const& tn, accounting::Transaction const& txn);
+    void markCleared(std::set<accounting::TransactionNumber> const& numbers);
+    void markUnreconciled(std::set<accounting::TransactionNumber> const& numbers);
+    void markReconciled(accounting::TransactionNumber const& number);
+    void removedTransaction(accounting::TransactionNumber const& number);
+    /// \param displayed is the number that the entry shows, empty for a new one
+    /// \param posted is the number that the ledger gave, empty for a transaction that is gone
+    void transactionSaveSucceeded(std::optional<accounting::TransactionNumber> const& displayed,
+                                  std::optional<accounting::TransactionNumber> const& posted);
+    void transactionSaveFailed(std::optional<accounting::TransactionNumber> const& tn, QString const& errorMessage);
+    void transferRequested(accounting::AccountNumber const& from, accounting::AccountNumber const& to,
+                           fiscora::Money const& amount, QString const& reason);
+    ///@}
+
+    /// \name Banks
+    /// Each change is answered by exactly one of bankSaveSucceeded() and bankSaveFailed().
+    ///@{
+    void bankAdded(banking::Bank const& b);
+    void bankUpdated(banking::Bank const& b);
+    void bankRenamed(banking::BankName const& original, banking::BankName const& change);
+    void bankClosed(banking::BankName const& bn);
+    void bankOpened(banking::BankName const& bn);
+    void bankRemoved(banking::BankName const& bn);
+    void bankSaveSucceeded(banking::BankName const& bn);
+    /// Parameters as in saveFailed().
+    void bankSaveFailed(std::optional<banking::BankName> const& original, QString const& errorMessage,
+                        std::optional<banking::BankName> const& displayed);
+    ///@}
+
+    /// \name Bank accounts
+    /// Each change is answered by exactly one of bankAccountSaveSucceeded() and bankAccountSaveFailed().
+    ///@{
+    void addedBankAccount(QString const& name, banking::BankAccountTypes type, fiscora::Money const& openingBalance);
+    void renamedBankAccount(accounting::AccountCode const& original, accounting::AccountCode const& changed);
+    void removedBankAccount(accounting::AccountCode const& ac);
+    void bankAccountSaveSucceeded(accounting::AccountCode const& ac);
+    /// Parameters as in saveFailed().
+    void bankAccountSaveFailed(std::optional<accounting::AccountCode> const& original, QString const& errorMessage,
+                               std::optional<accounting::AccountCode> const& displayed);
+    ///@}
+
+    /// \name Survey
+    ///@{
+
+    /// lookedUpLastReconciliation() answers.
+    void lookUpLastReconciliation(accounting::AccountNumber const& an);
+    /// \param code is the currency of the account
+    /// \param reconciliation is empty for an account that was never reconciled
+    void lookedUpLastReconciliation(fiscora::Currency code,
+                                    std::optional<banking::ReconciledBalance> const& reconciliation);
+    /// generatedMappingSurvey() answers.
+    void generateMappingSurvey(banking::BankName const& bn, accounting::AccountNumber const& an,
+                               QDate const& surveyingOn);
+    void generatedMappingSurvey(surveying::MappingSurvey const& survey);
+    /// Answered by exactly one of completedSurveySucceeded() and completedSurveyFailed().
+    void completedSurvey(QDate const& completedOn, banking::BankAccount const& ba, fiscora::Money const& balance,
+                         std::set<accounting::TransactionNumber> const& allReconciled,
+                         surveying::IndexedIncreaseDecreases<budgeting::BudgetItemIdentifier> const& allAdded,
+                         surveying::IndexedIncreaseDecreases<accounting::AccountNumber> const& allExtra,
+                         std::map<budgeting::BudgetItemIdentifier, surveying::DistributedAmount> const& distributed,
+                         fiscora::Money const& nondistributed);
+    void completedSurveySucceeded();
+    void completedSurveyFailed(QString const& errorMessage);
+    ///@}
+
+    /// \name Settings
+    ///@{
+
+    /// Answered by exactly one of configureSaveSucceeded() and configureSaveFailed().
+    void configureUpdated(std::chrono::hours hrInWeek, std::chrono::days dayInWeek, std::chrono::days notifyDueWithin,
+                          fiscora::Currency preferred, navigation::CurrencyDisplayOptions displayAs,
+                          std::set<fiscora::Currency> const& usable, foundation::Percentage const& balanceWindow);
+    void configureSaveSucceeded();
+    void configureSaveFailed(QString const& errorMessage);
+    /// Rates between all of \a currencies are wanted; fetchedExchangeRates() answers, sooner or later.
+    void fetchExchangeRates(std::set<fiscora::Currency> const& currencies);
+    void fetchedExchangeRates(std::set<fiscora::Currency> const& currencies,
+                              conversion::ConversionMap const& conversions);
+    /// Expects no answer.
+    void storeExchangeRates(conversion::ConversionMap const& conversions);
+    /// What the person told the wizard, from which the new budget is made.
+    void completedNewBudgetFirstTimeWizard(fiscora::Currency preferred, std::set<fiscora::Currency> const& usable,
+                                           navigation::CurrencyDisplayOptions displayAs,
+                                           banking::BankName const& primary, banking::BankAccountTypes kind,
+                                           QString const& accountName, fiscora::Money const& initialBalance,
+                                           navigation::BudgetWizardTemplates selectedTemplate);
+    ///@}
+
+public slots:
+    /// Asks whether changes may be lost, then emits the confirmation of the kind of budget that was asked for last.
+    void onShowConfirmNewBudget();
+    /// Says that the new budget is there and asks for the dashboard.
+    void onShowNewBudget();
+    /// Shows a file dialog, which leads to loadBudgetFile().
+    void onShowOpenBudgetFile();
+    /// Asks whether changes may be lost, then emits confirmedLoadBudgetFile().
+    void onShowConfirmLoadBudgetFile(QString const& filePathName);
+    /// Drops the view of the budget before, says what was read, and asks for the dashboard.
+    void onLoadedBudgetFile(QString const& filePathName, bool isReloaded);
+    void onSavedBudgetFile(QString const& filePathName);
+    /// Shows a file dialog, which leads to saveAsBudgetFile().
+    void onShowSaveAsBudgetFile();
+    /// Says that there is no file to reload.
+    void onShowNoBudgetFileOpened();
+    /// Closes the window, after a question when \a isDirty.
+    void onCheckCleanExit(bool isDirty);
+    /// Shows the window and asks for the dashboard, each time it is called. It hides QWidget::show().
+    void show();
+    /// Tells the person about a newer version and waits until the notice is closed.
+    void onUpdateReleased(updating::SemanticVersion const& latest);
+
+    /// Replaces the central view by a fresh dashboard.
+    /// \param bt is what each type of item comes to per month, in \a preferred
+    /// \param due is shown in the order given
+    /// \param dueWithin is how many days ahead an item is shown, counted from today
+    void onShowDashboard(budgeting::BudgetTotals const& bt, std::vector<budgeting::BudgetItemAmountDue> const& due,
+                         adviser::BudgetHealth const& bh, std::chrono::days dueWithin, fiscora::Currency preferred,
+                         navigation::CurrencyDisplayOptions displayAs);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private slots:
+    void onShowHandbookStartPage();
+    void onShowHandbookWizardPage();
+    void onShowAbout();
+    void onShowAboutQt();
+    void onDisplayBudgetInterface(budgeting::BudgetItemTypes type);
+
+private:
+    struct LaterDeleter
+    {
+        void operator()(adjutor::HelpWidget* help) const;
+    };
+
+    static QString const budgetFileExtensionFilter_;
+
+    void applyWording();
+    void joinFileActions();
+    void joinViewActions();
+    void joinHelpActions();
+    void fillBudgetToolBar();
+    void fillCommonActionsToolBar();
+    void nameForAssistiveTools();
+    foundation::QtPtr<QFileDialog> makeFileDialog(QString const& caption);
+    bool isConfirmed(QString const& title, QString const& question);
+    void showStatus(QString const& message);
+
+    std::unique_ptr<Ui::TlmMnwndw> const ui_;
+    navigation::ConfigurationOptions const& configuration_;
+    bool isExitConfirmed_ = false;
+    std::optional<bool> useWizard_;
+    foundation::QtPtr<QToolBar> const commonActionsToolbar_;
+    std::unique_ptr<adjutor::HelpWidget, LaterDeleter> const help_;
+};
+} // namespace tlm::desktop_ui

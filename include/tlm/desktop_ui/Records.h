@@ -1,0 +1,51 @@
+#pragma once
+
+// The records that cross MainWindow, declared only: the window passes them on and looks into none.
+
+namespace fiscora {
+class Money;
+}
+namespace tlm::accounting {
+class Account;
+class AccountCode;
+class AccountNumber;
+struct LedgerAccount;
+class Transaction;
+class TransactionNumber;
+} // namespace tlm::accounting
+namespace tlm::adviser {
+class BudgetHealth;
+}
+namespace tlm::banking {
+struct AccountNumberBankType;
+class Bank;
+struct BankAccount;
+class BankName;
+struct ReconciledBalance;
+} // namespace tlm::banking
+namespace tlm::budgeting {
+struct BudgetItemAmountDue;
+struct BudgetItemDueIdentifier;
+struct BudgetItemIdentifier;
+class BudgetSource;
+struct BudgetTotals;
+class BudgetedMoney;
+} // namespace tlm::budgeting
+namespace tlm::conversion {
+class ConversionMap;
+}
+namespace tlm::foundation {
+class Percentage;
+}
+namespace tlm::navigation {
+class GuiElementIdentifier;
+} // namespace tlm::navigation
+namespace tlm::surveying {
+class DistributedAmount;
+template <typename Key>
+struct IndexedIncreaseDecreases;
+class MappingSurvey;
+} // namespace tlm::surveying
+namespace tlm::updating {
+class SemanticVersion;
+}
