@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QListWidgetItem>
+#include <QSignalSpy>
 #include <QTreeWidgetItem>
 
 #include <gtest/gtest.h>
@@ -61,24 +62,24 @@ TEST_F(QtPtrTest, TurnsNullWhenThePointeeDies)
 
 TEST_F(QtPtrTest, MayDieBeforeThePointee)
 {
-    {
-        QtPtr<QLabel> const guard = label.get();
-    }
+    constexpr auto laterUse = std::byte{0xAB};
+    alignas(QtPtr<QLabel>) std::array<std::byte, sizeof(QtPtr<QLabel>)> memory{};
+    std::destroy_at(new (memory.data()) QtPtr<QLabel>(label.get()));
+    memory.fill(laterUse);
 
-    label.reset(); // a join left behind would write into the dead guard
+    label.reset(); // a join left behind would write into the dead guard's memory
 
-    SUCCEED();
+    EXPECT_THAT(memory, ::testing::Each(laterUse));
 }
 
 TEST_F(QtPtrTest, NeverDeletesThePointee)
 {
-    auto deaths = 0;
-    QObject::connect(label.get(), &QObject::destroyed, [&deaths] { ++deaths; });
+    QSignalSpy const deaths(label.get(), &QObject::destroyed);
 
     std::optional<QtPtr<QLabel>> guard(label.get());
     guard.reset();
 
-    EXPECT_EQ(deaths, 0);
+    EXPECT_EQ(deaths.count(), 0);
 }
 
 TEST_F(QtPtrTest, ACopyGuardsOnItsOwn)
