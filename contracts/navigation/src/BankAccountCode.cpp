@@ -1,3 +1,4 @@
+#include <tlm/foundation/PresentationText.h>
 #include <tlm/navigation/BankAccountCode.h>
 
 #include <utility>
