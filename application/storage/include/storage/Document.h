@@ -5,6 +5,7 @@
 #include <storage/Orphan.h>
 #include <storage/Places.h>
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
 
@@ -13,9 +14,8 @@
 
 namespace tallymere::storage {
 
-class FileLock;
+class BudgetFile;
 class WorkingCopy;
-class DiskState;
 
 /// A budget file that stands open.
 ///
@@ -51,7 +51,7 @@ public:
     engine::BudgetContent content() const;
 
     /// \return the file's path as it was given to open() or saveAs(), made absolute; empty before the first save
-    QString const& filePathName() const { return filePathName_; }
+    QString filePathName() const;
 
     /// \return whether the content differs from what is in the file now. A new document that is still as it was created
     ///         doesn't; one whose file has gone, can't be read, or that was recovered does.
@@ -74,12 +74,18 @@ public:
     void remove(tlm::budgeting::BudgetItemIdentifier const& identifier) override;
 
 private:
-    Document(Places places, QString filePathName, std::unique_ptr<FileLock> lock, std::unique_ptr<WorkingCopy> copy);
+    Document(Places places, std::unique_ptr<BudgetFile> file, std::unique_ptr<WorkingCopy> copy);
+
+    void moveTo(std::unique_ptr<BudgetFile> file);
+    void settle();
+    void writeOrigin() const;
+    template <typename Change>
+    void keep(Change const& change);
 
     Places places_;
-    QString filePathName_;
-    std::unique_ptr<FileLock> lock_; ///< none before the first save
+    std::unique_ptr<BudgetFile> file_; ///< none before the first save
     std::unique_ptr<WorkingCopy> copy_;
-    std::unique_ptr<DiskState> onDisk_;
+    QByteArray savedDigest_; ///< of the content when it was created, opened or saved last
+    bool isRecovered_ = false;
 };
 } // namespace tallymere::storage

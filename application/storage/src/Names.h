@@ -1,0 +1,21 @@
+#pragma once
+
+#include <tlm/budgeting/BudgetItemTypes.h>
+#include <tlm/budgeting/EventFrequency.h>
+#include <tlm/navigation/CurrencyDisplayOptions.h>
+
+#include <string>
+
+/// The words by which budget files name the values of enumerations. They never change, whatever the program calls them.
+namespace tallymere::storage::names {
+
+/// \throws std::invalid_argument for a value that files have no word for
+std::string toName(tlm::budgeting::BudgetItemTypes type);
+std::string toName(tlm::budgeting::EventFrequency frequency);
+std::string toName(tlm::navigation::CurrencyDisplayOptions option);
+
+/// \throws std::invalid_argument for a word that stands for no value
+tlm::budgeting::BudgetItemTypes toType(std::string const& name);
+tlm::budgeting::EventFrequency toFrequency(std::string const& name);
+tlm::navigation::CurrencyDisplayOptions toDisplayOption(std::string const& name);
+} // namespace tallymere::storage::names

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "ContentWriter.h"
+#include "DurableFile.h"
+#include "WorkingFiles.h"
+
+#include <SQLiteCpp/Database.h>
+#include <memory>
+#include <optional>
+
+namespace tallymere::storage {
+
+/// The database to which an open document's changes go, in a folder of the program's own.
+///
+/// Unless it is kept, it goes with this object. Failures throw std::system_error, SQLite::Exception or UnsoundBudget.
+class WorkingCopy
+{
+public:
+    static std::unique_ptr<WorkingCopy> ofContent(QByteArray const& folder, engine::BudgetContent const& content);
+
+    /// Copies \a file and checks the copy whole; the database never touches the file itself.
+    static std::unique_ptr<WorkingCopy> ofFile(QByteArray const& folder, DurableFile const& file);
+
+    /// Takes over \a files that a program left behind, rolls back the change that it was in the middle of, and checks the rest.
+    /// They stay when this object goes, until they are claimed.
+    static std::unique_ptr<WorkingCopy> ofOrphan(WorkingFiles files);
+
+    WorkingCopy(WorkingCopy const&) = delete;
+    WorkingCopy& operator=(WorkingCopy const&) = delete;
+    ~WorkingCopy();
+
+    /// Has the files go with this object.
+    void claim() { isKept_ = false; }
+
+    Origin origin() const { return files_.origin(); }
+
+    /// From now on, a crash leaves a copy that knows what it was made from.
+    void write(Origin const& origin) const { files_.write(origin); }
+
+    engine::BudgetContent content() const;
+
+    /// \return a digest of the content, at no cost while it stays the same
+    QByteArray const& digest() const;
+
+    bool isInTransaction() const { return isInTransaction_; }
+
+    void begin();
+    /// Returns when the changes since begin() will outlast a power cut.
+    void commit();
+    /// Undoes the changes since begin(), as far as a failure hasn't done so already.
+    void rollBack() noexcept;
+
+    /// Only within a transaction.
+    ContentWriter& writer() { return *writer_; }
+
+    /// Writes all of the content into the empty file at \a path, which isn't synced then.
+    void copyTo(QByteArray const& path) const;
+
+private:
+    explicit WorkingCopy(WorkingFiles files);
+
+    void open();
+    void prepare();
+
+    WorkingFiles files_;
+    bool isKept_ = false;
+    std::optional<SQLite::Database> database_;
+    std::optional<ContentWriter> writer_;
+    bool isInTransaction_ = false;
+    mutable std::optional<QByteArray> digest_;
+};
+
+/// Checks that the file at \a path, which nobody changes meanwhile, holds a sound budget.
+/// \return a digest of its content
+/// \throws UnsoundBudget otherwise
+QByteArray digestOfSound(QByteArray const& path);
+} // namespace tallymere::storage
