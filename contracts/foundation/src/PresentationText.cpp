@@ -82,7 +82,7 @@ QString presentationText(fiscora::Money const& money, LocaleAware const& /*tag*/
     auto const [isNegative, whole, fraction] = takeApart(locale, money, true);
     auto const symbol =
         QString::fromStdString(fiscora::currencySymbol(money.code()).value_or(fiscora::toStdString(money.code())));
-    // QLocale formats amounts from double alone, so it only lends the pattern: where sign and symbol stand around a one.
+    // QLocale formats amounts from double alone, so it only lends the pattern: where sign and symbol stand by a one.
     auto const one = locale.toString(1);
     auto pattern = locale.toCurrencyString(isNegative ? -1 : 1, symbolPlace);
     auto const shownSymbol = spaced(symbol, pattern, one);

@@ -11,8 +11,8 @@ namespace fiscora {
 
 /// An amount of one currency, exact to a hundredth of its minor unit.
 ///
-/// One signed 64-bit integer holds the amount, counted in stored units: 1.50 EUR are 15000, since the euro has two minor
-/// digits and two more lie below them. Arithmetic raises rather than leaves that range, and never rounds by itself.
+/// One signed 64-bit integer holds the amount, counted in stored units: 1.50 EUR are 15000, since it has two minor digits
+/// and two more lie below them. Arithmetic raises rather than leaves that range, and never rounds by itself.
 ///
 /// The empty money is a zero of code `XXX`. Amounts of that code are left out of the sums of every other currency.
 class Money

@@ -48,8 +48,8 @@ private:
 /// no group separators, since they are points elsewhere. The bare code "XXX" gives the parts of the empty money.
 ///
 /// \param text UTF-8
-/// \param decimalPoint as Latin-1; the Arabic decimal separator is always read as a point, too. Where the locale's point
-///        isn't ASCII, this is 0 or another stand-in, and means the full stop.
+/// \param decimalPoint as Latin-1; the Arabic decimal separator is always read as a point, too. Where the locale's
+///        point isn't ASCII, this is 0 or another stand-in, and means the full stop.
 /// \throws std::invalid_argument with a sentence for the person who typed, when \a text isn't an amount, names no
 ///         known currency, has no currency, or has more digits after the point than are stored
 /// \throws std::overflow_error likewise, when the whole units leave 64 bits
