@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QTextTable>
 
 #include <vector>
 
@@ -32,13 +33,25 @@ std::vector<QTextCursor> linksOf(QTextDocument* document)
     }
     return links;
 }
+
+std::vector<QTextTable*> tablesOf(QTextDocument const& document)
+{
+    std::vector<QTextTable*> tables;
+    for (auto* const frame : document.rootFrame()->childFrames()) {
+        if (auto* const table = qobject_cast<QTextTable*>(frame)) {
+            tables.push_back(table);
+        }
+    }
+    return tables;
+}
 }
 
 HandbookBrowser::HandbookBrowser(QWidget* parent) : QTextBrowser(parent)
 {
     setOpenExternalLinks(true);
     document()->setDocumentMargin(2.0 * fontMetrics().averageCharWidth());
-    connect(this, &QTextBrowser::sourceChanged, this, &HandbookBrowser::colourLinks);
+    connect(this, &QTextBrowser::sourceChanged, this, &HandbookBrowser::space);
+    connect(this, &QTextBrowser::sourceChanged, this, &HandbookBrowser::colour);
 }
 
 QUrl HandbookBrowser::address(QString const& page)
@@ -64,17 +77,45 @@ void HandbookBrowser::changeEvent(QEvent* event)
 {
     QTextBrowser::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        colourLinks();
+        colour();
     }
 }
 
-/// Markdown is laid out with the link colour of the moment, and keeps it when the palette changes.
-void HandbookBrowser::colourLinks()
+/// Markdown tells nothing of margins, and Qt leaves hardly any around headings and tables.
+void HandbookBrowser::space()
+{
+    auto const line = static_cast<double>(fontMetrics().height());
+    for (auto block = document()->begin().next(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) {
+            QTextBlockFormat format;
+            format.setTopMargin(1.2 * line);
+            QTextCursor(block).mergeBlockFormat(format);
+        }
+    }
+    for (auto* const table : tablesOf(*document())) {
+        auto format = table->format();
+        format.setBorderCollapse(true);
+        format.setBorder(1.0);
+        format.setCellSpacing(0.0);
+        format.setCellPadding(0.25 * line);
+        format.setTopMargin(0.4 * line);
+        format.setBottomMargin(0.6 * line);
+        table->setFormat(format);
+    }
+}
+
+/// A page is laid out with the colours of the moment, and keeps them when the palette changes.
+void HandbookBrowser::colour()
 {
     QTextCharFormat format;
     format.setForeground(palette().link());
     for (auto& link : linksOf(document())) {
         link.mergeCharFormat(format);
+    }
+    for (auto* const table : tablesOf(*document())) {
+        auto lined = table->format();
+        lined.setBorderBrush(palette().mid());
+        table->setFormat(lined);
     }
 }
 }

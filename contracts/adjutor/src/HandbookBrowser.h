@@ -22,6 +22,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void colourLinks();
+    void space();
+    void colour();
 };
 }
