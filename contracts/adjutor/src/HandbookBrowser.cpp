@@ -96,6 +96,7 @@ void HandbookBrowser::space()
         auto format = table->format();
         format.setBorderCollapse(true);
         format.setBorder(1.0);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
         format.setCellSpacing(0.0);
         format.setCellPadding(0.25 * line);
         format.setTopMargin(0.4 * line);
@@ -112,9 +113,11 @@ void HandbookBrowser::colour()
     for (auto& link : linksOf(document())) {
         link.mergeCharFormat(format);
     }
+    auto faint = palette().color(QPalette::Text);
+    faint.setAlphaF(0.3F);
     for (auto* const table : tablesOf(*document())) {
         auto lined = table->format();
-        lined.setBorderBrush(palette().mid());
+        lined.setBorderBrush(faint);
         table->setFormat(lined);
     }
 }
