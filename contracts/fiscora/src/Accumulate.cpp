@@ -1,5 +1,6 @@
 #include <fiscora/Accumulate.h>
 #include <fiscora/Conversions.h>
+#include <fiscora/Rounders.h>
 
 #include <QDebug>
 
@@ -21,6 +22,6 @@ Money accumulateRunningTotals(Currency const& target, std::map<Currency, Money> 
                                         ": the total leaves that currency out.";
         }
     }
-    return sum;
+    return sum.round(rounders::currency::nearest, minorUnitDigits(target));
 }
 }

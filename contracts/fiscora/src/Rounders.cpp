@@ -33,4 +33,12 @@ long long up(long long const& amount, unsigned char const& storedDigits, unsigne
     auto const [step, overhang] = grid(amount, storedDigits, keptDigits);
     return overhang == 0 ? amount : checked::add(amount, step - overhang);
 }
+
+long long nearest(long long const& amount, unsigned char const& storedDigits, unsigned char const& keptDigits)
+{
+    auto const [step, overhang] = grid(amount, storedDigits, keptDigits);
+    auto const missing = step - overhang;
+    auto const isUp = amount < 0 ? overhang > missing : overhang >= missing;
+    return isUp && overhang != 0 ? checked::add(amount, missing) : checked::subtract(amount, overhang);
+}
 }

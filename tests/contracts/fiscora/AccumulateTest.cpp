@@ -44,6 +44,16 @@ TEST_F(AccumulateTest, OtherCurrenciesAreConvertedByTheirRates)
     EXPECT_EQ(total, Money(Currency::EUR, 7, 50, 0));
 }
 
+TEST_F(AccumulateTest, TheTotalIsRoundedOnceToWholeMinorUnits)
+{
+    registerConversion(Currency::USD, Currency::EUR, FloatingPoint(1.0));
+    auto const totals = totalsOf({Money(Currency::EUR, 1, 0, 33), Money(Currency::USD, 1, 0, 33)});
+
+    auto const total = accumulateRunningTotals(Currency::EUR, totals);
+
+    EXPECT_EQ(total, Money(Currency::EUR, 2, 1, 0));
+}
+
 TEST_F(AccumulateTest, AmountsWithoutCurrencyAreLeftOutInSilence)
 {
     auto const totals = totalsOf({Money(Currency::EUR, 1, 0, 0), Money(Currency::XXX, 5, 0, 0)});

@@ -38,6 +38,37 @@ INSTANTIATE_TEST_SUITE_P(FourStoredDigits, RoundersTest,
                                            RoundingCase{-12345, 2, -12400, -12300},
                                            RoundingCase{-20000, 0, -20000, -20000}));
 
+struct NearestCase
+{
+    long long amount;
+    unsigned char kept;
+    long long rounded;
+};
+
+class NearestRounderTest : public ::testing::TestWithParam<NearestCase>
+{};
+
+TEST_P(NearestRounderTest, GoesToTheNearestAndFromTheMiddleAwayFromZero)
+{
+    auto const [amount, kept, rounded] = GetParam();
+
+    EXPECT_EQ(rounders::currency::nearest(amount, 4, kept), rounded);
+}
+
+INSTANTIATE_TEST_SUITE_P(FourStoredDigits, NearestRounderTest,
+                         ::testing::Values(NearestCase{12349, 2, 12300}, NearestCase{12350, 2, 12400},
+                                           NearestCase{-12350, 2, -12400}, NearestCase{-12349, 2, -12300},
+                                           NearestCase{-12351, 2, -12400}, NearestCase{0, 2, 0},
+                                           NearestCase{12300, 2, 12300}, NearestCase{-12300, 2, -12300},
+                                           NearestCase{12345, 4, 12345}, NearestCase{LLONG_MAX, 4, LLONG_MAX},
+                                           NearestCase{LLONG_MIN, 4, LLONG_MIN}));
+
+TEST(RoundersAtTheEndsTest, RoundingToTheNearestPastTheRangeRaises)
+{
+    EXPECT_THROW(rounders::currency::nearest(LLONG_MAX, 4, 1), std::overflow_error);
+    EXPECT_THROW(rounders::currency::nearest(LLONG_MIN, 4, 1), std::overflow_error);
+}
+
 TEST(RoundersAtTheEndsTest, RoundingPastTheRangeRaises)
 {
     EXPECT_THROW(up(LLONG_MAX, 4, 0), std::overflow_error);

@@ -11,4 +11,7 @@ long long down(long long const& amount, unsigned char const& storedDigits, unsig
 
 /// Rounds towards plus infinity; otherwise like down().
 long long up(long long const& amount, unsigned char const& storedDigits, unsigned char const& keptDigits);
+
+/// Rounds to the nearest, halves away from zero; otherwise like down().
+long long nearest(long long const& amount, unsigned char const& storedDigits, unsigned char const& keptDigits);
 } // namespace fiscora::rounders::currency
