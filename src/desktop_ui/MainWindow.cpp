@@ -7,7 +7,9 @@
 #include <tlm/navigation/ConfigurationOptions.h>
 
 #include <QCloseEvent>
+#include <QDebug>
 #include <QTimer>
+#include <QToolBar>
 
 namespace tlm::desktop_ui {
 

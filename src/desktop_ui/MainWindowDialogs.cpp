@@ -18,7 +18,7 @@ void MainWindow::onShowAbout()
 {
     qInfo() << "Showing about information.";
     auto const text = tr("%1 %2\n"
-                         "Written by the %1 maintainers.\n"
+                         "Written by the %1 authors.\n"
                          "More Information: %3\n\n"
                          "This program comes with no warranty. You may redistribute it under the %4.\n\n"
                          "%5 %6: %7\n"

@@ -38,7 +38,7 @@ TEST_F(MainWindowDialogsTest, AboutTellsTheProductThenTheMoneyLibraryLineByLine)
     auto const lines = answer.asked()->text.split('\n', Qt::SkipEmptyParts);
     ASSERT_EQ(lines.size(), 8);
     EXPECT_EQ(lines.at(0), "Tallymere " TLM_TEST_VERSION);
-    EXPECT_EQ(lines.at(1), "Written by the Tallymere maintainers.");
+    EXPECT_EQ(lines.at(1), "Written by the Tallymere authors.");
     EXPECT_THAT(lines.at(2).toStdString(), ::testing::StartsWith("More Information: https://"));
     EXPECT_THAT(lines.at(3).toStdString(), ::testing::HasSubstr("no warranty"));
     EXPECT_EQ(lines.at(4).toStdString(), "fiscora " + fiscora::version() + ": " + fiscora::description());

@@ -13,7 +13,6 @@
 #include <QDate>
 #include <QMainWindow>
 #include <QString>
-#include <QToolBar>
 
 #include <chrono>
 #include <map>
@@ -23,34 +22,35 @@
 #include <vector>
 
 // Records only pass through the window, so whoever joins it includes the few that they look into.
-Q_MOC_INCLUDE(<fiscora / Money.h>)
-Q_MOC_INCLUDE(<tlm / accounting / Account.h>)
-Q_MOC_INCLUDE(<tlm / accounting / AccountCode.h>)
-Q_MOC_INCLUDE(<tlm / accounting / AccountNumber.h>)
-Q_MOC_INCLUDE(<tlm / accounting / LedgerAccount.h>)
-Q_MOC_INCLUDE(<tlm / accounting / Transaction.h>)
-Q_MOC_INCLUDE(<tlm / accounting / TransactionNumber.h>)
-Q_MOC_INCLUDE(<tlm / adviser / BudgetHealth.h>)
-Q_MOC_INCLUDE(<tlm / banking / AccountNumberBankType.h>)
-Q_MOC_INCLUDE(<tlm / banking / Bank.h>)
-Q_MOC_INCLUDE(<tlm / banking / BankAccount.h>)
-Q_MOC_INCLUDE(<tlm / banking / BankName.h>)
-Q_MOC_INCLUDE(<tlm / banking / ReconciledBalance.h>)
-Q_MOC_INCLUDE(<tlm / budgeting / BudgetItemAmountDue.h>)
-Q_MOC_INCLUDE(<tlm / budgeting / BudgetItemDueIdentifier.h>)
-Q_MOC_INCLUDE(<tlm / budgeting / BudgetItemIdentifier.h>)
-Q_MOC_INCLUDE(<tlm / budgeting / BudgetSource.h>)
-Q_MOC_INCLUDE(<tlm / budgeting / BudgetTotals.h>)
-Q_MOC_INCLUDE(<tlm / budgeting / BudgetedMoney.h>)
-Q_MOC_INCLUDE(<tlm / conversion / ConversionMap.h>)
-Q_MOC_INCLUDE(<tlm / foundation / Percentage.h>)
-Q_MOC_INCLUDE(<tlm / navigation / GuiElementIdentifier.h>)
-Q_MOC_INCLUDE(<tlm / surveying / DistributedAmount.h>)
-Q_MOC_INCLUDE(<tlm / surveying / IndexedIncreaseDecreases.h>)
-Q_MOC_INCLUDE(<tlm / surveying / MappingSurvey.h>)
-Q_MOC_INCLUDE(<tlm / updating / SemanticVersion.h>)
+Q_MOC_INCLUDE("fiscora/Money.h")
+Q_MOC_INCLUDE("tlm/accounting/Account.h")
+Q_MOC_INCLUDE("tlm/accounting/AccountCode.h")
+Q_MOC_INCLUDE("tlm/accounting/AccountNumber.h")
+Q_MOC_INCLUDE("tlm/accounting/LedgerAccount.h")
+Q_MOC_INCLUDE("tlm/accounting/Transaction.h")
+Q_MOC_INCLUDE("tlm/accounting/TransactionNumber.h")
+Q_MOC_INCLUDE("tlm/adviser/BudgetHealth.h")
+Q_MOC_INCLUDE("tlm/banking/AccountNumberBankType.h")
+Q_MOC_INCLUDE("tlm/banking/Bank.h")
+Q_MOC_INCLUDE("tlm/banking/BankAccount.h")
+Q_MOC_INCLUDE("tlm/banking/BankName.h")
+Q_MOC_INCLUDE("tlm/banking/ReconciledBalance.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetItemAmountDue.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetItemDueIdentifier.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetItemIdentifier.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetSource.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetTotals.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoney.h")
+Q_MOC_INCLUDE("tlm/conversion/ConversionMap.h")
+Q_MOC_INCLUDE("tlm/foundation/Percentage.h")
+Q_MOC_INCLUDE("tlm/navigation/GuiElementIdentifier.h")
+Q_MOC_INCLUDE("tlm/surveying/DistributedAmount.h")
+Q_MOC_INCLUDE("tlm/surveying/IndexedIncreaseDecreases.h")
+Q_MOC_INCLUDE("tlm/surveying/MappingSurvey.h")
+Q_MOC_INCLUDE("tlm/updating/SemanticVersion.h")
 
 class QFileDialog;
+class QToolBar;
 namespace Ui {
 class TlmMnwndw;
 }
@@ -373,4 +373,4 @@ private:
     foundation::QtPtr<QToolBar> const commonActionsToolbar_;
     std::unique_ptr<adjutor::HelpWidget, LaterDeleter> const help_;
 };
-} // namespace tlm::desktop_ui
+}

@@ -12,7 +12,7 @@ class AccountNumber;
 struct LedgerAccount;
 class Transaction;
 class TransactionNumber;
-} // namespace tlm::accounting
+}
 namespace tlm::adviser {
 class BudgetHealth;
 }
@@ -22,7 +22,7 @@ class Bank;
 struct BankAccount;
 class BankName;
 struct ReconciledBalance;
-} // namespace tlm::banking
+}
 namespace tlm::budgeting {
 struct BudgetItemAmountDue;
 struct BudgetItemDueIdentifier;
@@ -30,7 +30,7 @@ struct BudgetItemIdentifier;
 class BudgetSource;
 struct BudgetTotals;
 class BudgetedMoney;
-} // namespace tlm::budgeting
+}
 namespace tlm::conversion {
 class ConversionMap;
 }
@@ -39,13 +39,13 @@ class Percentage;
 }
 namespace tlm::navigation {
 class GuiElementIdentifier;
-} // namespace tlm::navigation
+}
 namespace tlm::surveying {
 class DistributedAmount;
 template <typename Key>
 struct IndexedIncreaseDecreases;
 class MappingSurvey;
-} // namespace tlm::surveying
+}
 namespace tlm::updating {
 class SemanticVersion;
 }
