@@ -4,6 +4,8 @@
 #include "support/MessageLog.h"
 #include "support/Widgets.h"
 
+#include <tlm/foundation/PresentationText.h>
+
 #include <QAccessible>
 #include <QDial>
 #include <QSignalSpy>
@@ -81,7 +83,8 @@ TEST_F(DashboardWidgetTest, ShowsWhatItWasGiven)
     auto const view = dashboard();
 
     EXPECT_EQ(child<QTableWidget>(*view, "budgetItemsDueTblwdgt").item(0, 0)->text(), "Rent");
-    EXPECT_EQ(child<QTableWidget>(*view, "monthlyTotalsTblwdgt").item(3, 0)->text(), "3.00");
+    EXPECT_EQ(child<QTableWidget>(*view, "monthlyTotalsTblwdgt").item(3, 0)->text(),
+              tlm::foundation::presentationText(totals().bills));
     EXPECT_EQ(child<QTableWidget>(*view, "monthlyTotalsTblwdgt").horizontalHeaderItem(0)->text(),
               "Monthly Total (USD)");
     EXPECT_EQ(child<QDial>(*view, "budgetHealthDl").value(), 73);

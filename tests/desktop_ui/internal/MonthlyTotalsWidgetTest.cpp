@@ -4,7 +4,8 @@
 #include "support/MessageLog.h"
 #include "support/Widgets.h"
 
-#include <QAccessible>
+#include <tlm/foundation/PresentationText.h>
+
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QTableWidget>
@@ -12,6 +13,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 
 using fiscora::Currency;
@@ -20,6 +22,7 @@ using ::testing::ElementsAre;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::BudgetTotals;
 using tlm::desktop_ui::internal::MonthlyTotalsWidget;
+using tlm::foundation::presentationText;
 using tlm::navigation::CurrencyDisplayOptions;
 using tlm::testing::child;
 using tlm::testing::MessageLog;
@@ -38,7 +41,7 @@ struct RowCase
 {
     int row;
     char const* header;
-    char const* total;
+    long long total;
     BudgetItemTypes type;
     char const* logged;
 };
@@ -68,12 +71,12 @@ class MonthlyTotalsRowTest : public MonthlyTotalsWidgetTest, public ::testing::W
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, MonthlyTotalsRowTest,
-                         ::testing::Values(RowCase{0, "Wages", "1.00", BudgetItemTypes::Wage, "Selected wages total."},
-                                           RowCase{1, "Nontrack", "5.00", BudgetItemTypes::Nontrack,
+                         ::testing::Values(RowCase{0, "Wages", 1, BudgetItemTypes::Wage, "Selected wages total."},
+                                           RowCase{1, "Nontrack", 5, BudgetItemTypes::Nontrack,
                                                    "Selected nontrack total."},
-                                           RowCase{2, "Goals", "2.00", BudgetItemTypes::Goal, "Selected goals total."},
-                                           RowCase{3, "Bills", "3.00", BudgetItemTypes::Bill, "Selected bills total."},
-                                           RowCase{4, "Debts", "4.00", BudgetItemTypes::Debt, "Selected debts total."}),
+                                           RowCase{2, "Goals", 2, BudgetItemTypes::Goal, "Selected goals total."},
+                                           RowCase{3, "Bills", 3, BudgetItemTypes::Bill, "Selected bills total."},
+                                           RowCase{4, "Debts", 4, BudgetItemTypes::Debt, "Selected debts total."}),
                          [](auto const& row) { return row.param.header; });
 
 TEST_P(MonthlyTotalsRowTest, ShowsTheTotalOfItsType)
@@ -81,7 +84,7 @@ TEST_P(MonthlyTotalsRowTest, ShowsTheTotalOfItsType)
     update();
 
     EXPECT_EQ(table.verticalHeaderItem(GetParam().row)->text(), GetParam().header);
-    EXPECT_EQ(table.item(GetParam().row, 0)->text(), GetParam().total);
+    EXPECT_EQ(table.item(GetParam().row, 0)->text(), presentationText(units(GetParam().total)));
 }
 
 TEST_P(MonthlyTotalsRowTest, TellsOnceOfADoubleClick)
