@@ -9,6 +9,7 @@
 #include <QDebug>
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
 #include <exception>
 #include <utility>
 
@@ -25,8 +26,11 @@ void checkHeader(DurableFile const& file)
 void check(SQLite::Database& database)
 {
     database.exec("PRAGMA query_only = ON");
-    schema::check(database);
-    readContent(database);
+    {
+        SQLite::Transaction const once(database); // else each query looks for others' changes first
+        schema::check(database);
+        readContent(database);
+    }
     database.exec("PRAGMA query_only = OFF");
 }
 }
