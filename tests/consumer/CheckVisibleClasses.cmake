@@ -4,9 +4,9 @@ execute_process(COMMAND ${NM} --dynamic --demangle --defined-only ${LIBRARY}
 
 file(GLOB headers ${HEADERS}/*.h)
 foreach(header IN LISTS headers)
-    file(STRINGS ${header} declarations REGEX "^class TLM_DESKTOP_UI_EXPORT ")
+    file(STRINGS ${header} declarations REGEX "^(class|struct) TLM_DESKTOP_UI_EXPORT ")
     foreach(declaration IN LISTS declarations)
-        string(REGEX REPLACE "^class TLM_DESKTOP_UI_EXPORT ([A-Za-z]+).*" "\\1" class "${declaration}")
+        string(REGEX REPLACE "^(class|struct) TLM_DESKTOP_UI_EXPORT ([A-Za-z]+).*" "\\2" class "${declaration}")
         list(APPEND exported ${class})
     endforeach()
 endforeach()

@@ -54,7 +54,7 @@ if(NOT BUILD_SHARED_LIBS AND NOT TALLYMERE_SANITIZE)
                 -DBUILD_TESTING=OFF
                 -DTALLYMERE_APPLICATION=OFF)
     set_tests_properties(package.shared.builds PROPERTIES
-        FIXTURES_SETUP build-shared LABELS slow TIMEOUT 1500)
+        FIXTURES_SETUP build-shared LABELS slow TIMEOUT 3000)
     tlm_add_consumer_test(shared ${shared})
     tlm_add_visibility_test(shared)
     set_tests_properties(package.shared.installs PROPERTIES FIXTURES_REQUIRED build-shared)
