@@ -1,4 +1,4 @@
-#include "LocaleForScope.h"
+#include "support/LocaleForScope.h"
 
 #include <fiscora/MoneyParts.h>
 #include <tlm/foundation/PresentationText.h>
