@@ -1,0 +1,92 @@
+#include "tlm/desktop_ui/CurrencyComboBox.h"
+
+#include "internal/Shared.h"
+#include "internal/TextListModel.h"
+#include "tlm/desktop_ui/DataEntryError.h"
+
+#include <QAbstractItemView>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace tlm::desktop_ui {
+
+using fiscora::Currency;
+using navigation::CurrencyDisplayOptions;
+
+namespace {
+
+constexpr Currency noCurrency{999};
+constexpr int blankRow = 0;
+}
+
+/// Which currencies a list offers, and their texts from the blank one on.
+struct CurrencyComboBox::Offer
+{
+    using Key = std::pair<std::set<Currency>, CurrencyDisplayOptions>;
+
+    explicit Offer(Key const& key) : usable(key.first), displayAs(key.second)
+    {
+        texts.append(QString());
+        for (auto const code : usable) {
+            texts.append(toDisplayable(code, displayAs));
+        }
+    }
+
+    Currency read(QString const& text) const { return toCurrencyFromDisplayable(text, usable, displayAs); }
+
+    std::set<Currency> usable;
+    CurrencyDisplayOptions displayAs;
+    QStringList texts;
+};
+
+CurrencyComboBox::CurrencyComboBox(foundation::QtPtr<QWidget> const& parent)
+    : QComboBox(parent.get()), offer_(internal::shared<Offer>(Offer::Key()))
+{}
+
+void CurrencyComboBox::populateUsableCurrencies(std::set<Currency> const& usable,
+                                                CurrencyDisplayOptions const& displayAs)
+{
+    clear();
+    offer_ = internal::shared<Offer>(Offer::Key(usable, displayAs));
+    internal::appendTexts(*this, offer_->texts);
+    if (usable.size() == 1) {
+        setCurrentIndex(blankRow + 1);
+    }
+}
+
+Currency CurrencyComboBox::currentCode() const
+{
+    try {
+        return offer_->read(currentText());
+    } catch (std::exception const& cause) {
+        throw DataEntryError(tr("currency"), currentText(), tr("The country code is not supported or known."), cause);
+    }
+}
+
+std::set<Currency> CurrencyComboBox::currencies() const
+{
+    std::set<Currency> offered;
+    for (auto row = 0; row < count(); ++row) {
+        if (auto const text = itemText(row); !text.isEmpty()) {
+            offered.insert(offer_->read(text));
+        }
+    }
+    return offered;
+}
+
+void CurrencyComboBox::showPopup()
+{
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width());
+    QComboBox::showPopup();
+}
+
+void CurrencyComboBox::setCurrentCode(Currency code)
+{
+    if (code == noCurrency) {
+        setCurrentIndex(blankRow);
+    } else {
+        setCurrentText(toDisplayable(code, offer_->displayAs));
+    }
+}
+}

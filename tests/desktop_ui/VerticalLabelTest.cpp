@@ -1,0 +1,129 @@
+#include <tlm/desktop_ui/VerticalLabel.h>
+
+#include <QImage>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace tlm::desktop_ui {
+
+namespace {
+
+/// \return the area of \a widget that isn't background
+QRect inkOf(QWidget& widget)
+{
+    auto const picture = widget.grab().toImage();
+    auto const paper = widget.palette().color(QPalette::Window).rgb();
+    QRect ink;
+    for (auto y = 0; y < picture.height(); ++y) {
+        for (auto x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != paper) {
+                ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
+}
+}
+
+class VerticalLabelTest : public ::testing::Test
+{
+protected:
+    VerticalLabelTest()
+    {
+        for (auto* const each : {static_cast<QLabel*>(&label), &flat}) {
+            each->setText("Available to spread");
+            each->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+            each->resize(each->sizeHint());
+        }
+    }
+
+    VerticalLabel label{nullptr};
+    QLabel flat;
+};
+
+TEST_F(VerticalLabelTest, IsEmptyAtFirst)
+{
+    VerticalLabel const fresh(nullptr);
+
+    EXPECT_EQ(fresh.text(), "");
+    EXPECT_EQ(fresh.windowFlags().testFlag(Qt::FramelessWindowHint), false);
+}
+
+TEST_F(VerticalLabelTest, AsksForTheRoomOfAFlatLabelOnItsSide)
+{
+    EXPECT_EQ(label.sizeHint(), flat.sizeHint().transposed());
+    EXPECT_EQ(label.minimumSizeHint(), flat.minimumSizeHint().transposed());
+    EXPECT_GT(label.sizeHint().height(), label.sizeHint().width());
+}
+
+TEST_F(VerticalLabelTest, ItsTextRunsDown)
+{
+    // Aligned to where the text begins, a short text leaves the far end free.
+    label.resize(label.width(), 3 * label.height());
+
+    auto const ink = inkOf(label);
+
+    EXPECT_GT(ink.height(), ink.width());
+    EXPECT_LT(ink.top(), label.height() / 4);
+    EXPECT_LT(ink.bottom(), label.height() / 2);
+}
+
+TEST_F(VerticalLabelTest, ItsTextRunsUpWherePeopleWriteFromRightToLeft)
+{
+    label.setLayoutDirection(Qt::RightToLeft);
+    label.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+
+    auto const up = label.grab().toImage();
+    label.setLayoutDirection(Qt::LeftToRight);
+    auto const down = label.grab().toImage();
+
+    EXPECT_EQ(up.size(), down.size());
+    EXPECT_NE(up, down);
+    EXPECT_FALSE(inkOf(label).isEmpty());
+}
+
+TEST_F(VerticalLabelTest, AllOfItsTextLiesWithinIt)
+{
+    for (auto const direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        label.setLayoutDirection(direction);
+        auto const fitting = inkOf(label).size();
+        label.resize(label.sizeHint());
+
+        EXPECT_NEAR(fitting.height(), inkOf(flat).width(), 4) << direction;
+        EXPECT_NEAR(fitting.width(), inkOf(flat).height(), 4) << direction;
+    }
+}
+
+TEST_F(VerticalLabelTest, AStretchedLabelKeepsItsTextAtTheHintsEdge)
+{
+    label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    auto const before = inkOf(label);
+
+    label.resize(label.width() * 5, label.height());
+
+    EXPECT_EQ(inkOf(label).right(), before.right());
+}
+
+TEST_F(VerticalLabelTest, ShowsMarkupToTheLetter)
+{
+    flat.setTextFormat(Qt::PlainText);
+    for (auto* const each : {static_cast<QLabel*>(&label), &flat}) {
+        each->setText("<i>x</i>");
+        each->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        each->resize(300, 300);
+    }
+
+    EXPECT_NEAR(inkOf(label).height(), inkOf(flat).width(), 4);
+}
+
+TEST_F(VerticalLabelTest, ADirectionLeftToTheTextMeansTheFormsOne)
+{
+    label.setLayoutDirection(Qt::RightToLeft);
+
+    label.setLayoutDirection(Qt::LayoutDirectionAuto);
+
+    EXPECT_EQ(label.layoutDirection(), Qt::LeftToRight);
+    EXPECT_FALSE(inkOf(label).isEmpty());
+}
+}
