@@ -51,15 +51,15 @@ protected:
     /// Presses a shortcut as a person does, with the window in front.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&window(), key, modifiers); }
 
-    /// Types \a path into the file dialog that is on screen and presses Enter.
-    static void chooseFile(QString const& path)
+    /// Types \a fileName into the file dialog that is on screen, which shows the documents folder, and presses Enter.
+    static void chooseFile(QString const& fileName)
     {
         QFileDialog* dialog = nullptr;
         ASSERT_TRUE(QTest::qWaitFor([&] { return (dialog = tlm::testing::shownWindow<QFileDialog>()) != nullptr; }));
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog));
         auto& name = tlm::testing::child<QLineEdit>(*dialog, "fileNameEdit");
         name.clear();
-        QTest::keyClicks(&name, path);
+        QTest::keyClicks(&name, fileName);
         QTest::keyClick(&name, Qt::Key_Return);
         ASSERT_TRUE(QTest::qWaitFor([] { return tlm::testing::shownWindow<QFileDialog>() == nullptr; }));
     }

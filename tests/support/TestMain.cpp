@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QStandardPaths>
+#include <QWidget>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

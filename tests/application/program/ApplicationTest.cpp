@@ -87,6 +87,9 @@ TEST_F(ApplicationTest, TheProgramGoesOnAfterAFailure)
 
 int main(int argc, char** argv)
 {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     ::testing::InitGoogleTest(&argc, argv);
     tallymere::program::Application const application(argc, argv);
     qInstallMessageHandler(tallymere::program::hear);
