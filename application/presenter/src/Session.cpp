@@ -40,7 +40,8 @@ void Session::open(QString const& filePathName)
 {
     if (isSameFile(filePathName, document_->filePathName())) {
         document_->reload();
-        adopt(document_->content());
+        household_ = std::make_unique<engine::Household>(document_->content(), *document_);
+        emit replaced();
         return;
     }
     take(storage::Document::open(places_, filePathName));
@@ -65,14 +66,10 @@ void Session::saveAs(QString const& filePathName)
 
 void Session::take(std::unique_ptr<storage::Document> document)
 {
-    auto content = document->content();
+    // The household may refuse what it reads; only then does anything that is open give way.
+    auto household = std::make_unique<engine::Household>(document->content(), *document);
+    household_ = std::move(household);
     document_ = std::move(document);
-    adopt(std::move(content));
-}
-
-void Session::adopt(engine::BudgetContent content)
-{
-    household_.emplace(std::move(content), *document_);
     emit replaced();
 }
-} // namespace tallymere::presenter
+}

@@ -26,10 +26,6 @@ std::logic_error unknown(CurrencyDisplayOptions option)
                             ".");
 }
 
-QString withCode(std::string const& text, QString const& code)
-{
-    return QStringLiteral("%1 (%2)").arg(QString::fromStdString(text), code);
-}
 } // namespace
 
 QString presentationText(CurrencyDisplayOptions const& option)
@@ -59,16 +55,17 @@ QString toDisplayable(fiscora::Currency const& code, CurrencyDisplayOptions opti
     if (code == noCurrency) {
         return {};
     }
+    // The code stands first, where a list finds it by typing. No brackets, since captions put these texts into some.
     auto const text = QString::fromStdString(fiscora::toStdString(code));
     switch (option) {
     case CurrencyDisplayOptions::Code:
         return text;
     case CurrencyDisplayOptions::SymbolAndCode: {
         auto const symbol = fiscora::currencySymbol(code);
-        return symbol ? withCode(*symbol, text) : text;
+        return symbol ? QStringLiteral("%1 %2").arg(text, QString::fromStdString(*symbol)) : text;
     }
     case CurrencyDisplayOptions::NameAndCode:
-        return withCode(fiscora::currencyName(code), text);
+        return QStringLiteral("%1 \u2013 %2").arg(text, QString::fromStdString(fiscora::currencyName(code)));
     }
     throw unknown(option);
 }

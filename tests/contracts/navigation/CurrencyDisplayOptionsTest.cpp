@@ -99,9 +99,10 @@ INSTANTIATE_TEST_SUITE_P(EachOption, CurrencyDisplayOptionsTest,
 TEST(ToDisplayableTest, ShowsWhatPeopleKnowTheCurrencyBy)
 {
     EXPECT_EQ(toDisplayable(Currency::USD, CurrencyDisplayOptions::Code), QStringLiteral("USD"));
-    EXPECT_EQ(toDisplayable(Currency::USD, CurrencyDisplayOptions::SymbolAndCode), QStringLiteral("$ (USD)"));
-    EXPECT_EQ(toDisplayable(Currency::USD, CurrencyDisplayOptions::NameAndCode), QStringLiteral("US Dollar (USD)"));
-    EXPECT_EQ(toDisplayable(Currency::EUR, CurrencyDisplayOptions::SymbolAndCode), QString::fromUtf8("\u20AC (EUR)"));
+    EXPECT_EQ(toDisplayable(Currency::USD, CurrencyDisplayOptions::SymbolAndCode), QStringLiteral("USD $"));
+    EXPECT_EQ(toDisplayable(Currency::USD, CurrencyDisplayOptions::NameAndCode),
+              QString::fromUtf8("USD \u2013 US Dollar"));
+    EXPECT_EQ(toDisplayable(Currency::EUR, CurrencyDisplayOptions::SymbolAndCode), QString::fromUtf8("EUR \u20AC"));
 }
 
 TEST(ToDisplayableTest, ShowsTheCodeAloneWhereThereIsNoSymbol)

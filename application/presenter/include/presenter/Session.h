@@ -6,7 +6,6 @@
 #include <QObject>
 
 #include <memory>
-#include <optional>
 
 namespace tallymere::presenter {
 
@@ -46,10 +45,9 @@ signals:
 
 private:
     void take(std::unique_ptr<storage::Document> document);
-    void adopt(engine::BudgetContent content);
 
     storage::Places places_;
     std::unique_ptr<storage::Document> document_;
-    std::optional<engine::Household> household_;
+    std::unique_ptr<engine::Household> household_;
 };
 } // namespace tallymere::presenter

@@ -13,8 +13,8 @@ namespace tlm::navigation {
 enum class CurrencyDisplayOptions : unsigned int
 {
     Code = 0,          ///< "USD"
-    SymbolAndCode = 1, ///< "$ (USD)", since several currencies share a symbol; the code alone where there is no symbol
-    NameAndCode = 2    ///< "US Dollar (USD)"
+    SymbolAndCode = 1, ///< "USD $", since several currencies share a symbol; the code alone where there is no symbol
+    NameAndCode = 2    ///< "USD – US Dollar"
 };
 
 /// \return the option's name in a list of options
