@@ -153,7 +153,7 @@ TEST_F(CurrencyComboBoxTest, AFillUnderAnotherOptionShowsOtherTexts)
 
     box.populateUsableCurrencies(dollarAndEuro, CurrencyDisplayOptions::NameAndCode);
 
-    EXPECT_THAT(offered(), ElementsAre("", "US Dollar (USD)", "Euro (EUR)"));
+    EXPECT_THAT(offered(), ElementsAre("", "USD \u2013 US Dollar", "EUR \u2013 Euro"));
     EXPECT_EQ(box.currentCode(), Currency::XXX);
 }
 
