@@ -1,5 +1,6 @@
 #include "tlm/desktop_ui/EventFrequencyEntryWidget.h"
 
+#include "internal/TextListModel.h"
 #include "tlm/desktop_ui/DataEntryError.h"
 
 #include <QDebug>
@@ -42,9 +43,11 @@ EventFrequencyEntryWidget::EventFrequencyEntryWidget(std::vector<EventFrequency>
 
 void EventFrequencyEntryWidget::offer(std::vector<EventFrequency> const& frequencies)
 {
+    QStringList texts;
     for (auto const frequency : frequencies) {
-        periodCmbbx->addItem(itemText(frequency));
+        texts.append(itemText(frequency));
     }
+    internal::appendTexts(*periodCmbbx, texts);
     periodCmbbx->setCurrentIndex(0);
 }
 
