@@ -2,6 +2,7 @@
 #include <tlm/desktop_ui/DataEntryError.h>
 
 #include <QAbstractItemView>
+#include <QStyleFactory>
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -232,6 +233,10 @@ TEST_F(CurrencyComboBoxTest, OpensItsListWideEnoughForTheLongestName)
 {
     box.populateUsableCurrencies({fiscora::allCurrencies.begin(), fiscora::allCurrencies.end()},
                                  CurrencyDisplayOptions::NameAndCode);
+    // Some styles widen every list, this one doesn't.
+    auto* const style = QStyleFactory::create("windows");
+    style->setParent(&box);
+    box.setStyle(style);
     box.setMaximumWidth(80);
     box.show();
 
