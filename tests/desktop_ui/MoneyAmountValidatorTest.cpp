@@ -89,6 +89,7 @@ INSTANTIATE_TEST_SUITE_P(OtherScripts, MoneyAmountInputTest,
                                            InputCase{"ar_EG", "٣٫٥", 3, acceptable, "٣٫٥"},
                                            InputCase{"ar_EG", "٣٫", 2, intermediate, "٣٫"},
                                            InputCase{"ar_EG", "-1", 2, invalid, "-1"}, // its minus is two characters
+                                           InputCase{"ar_EG", "\u061C1", 2, invalid, "\u061C1"},
                                            InputCase{"fa_IR", "۱٫۵", 3, acceptable, "۱٫۵"},
                                            InputCase{"fa_IR", "۱٬۲۰۰", 5, invalid, "۱٬۲۰۰"},
                                            InputCase{"hi_IN", "१.५", 3, acceptable, "१.५"},

@@ -3,26 +3,41 @@
 #include <QImage>
 #include <QLabel>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace tlm::desktop_ui {
 
 namespace {
 
-/// \return the area of \a widget that isn't background
-QRect inkOf(QWidget& widget)
+/// \return the places on \a widget that aren't background
+std::vector<QPoint> inkedPlaces(QWidget& widget)
 {
     auto const picture = widget.grab().toImage();
     auto const paper = widget.palette().color(QPalette::Window).rgb();
-    QRect ink;
+    std::vector<QPoint> places;
     for (auto y = 0; y < picture.height(); ++y) {
         for (auto x = 0; x < picture.width(); ++x) {
             if (picture.pixel(x, y) != paper) {
-                ink |= QRect(x, y, 1, 1);
+                places.emplace_back(x, y);
             }
         }
     }
+    return places;
+}
+
+QRect inkOf(QWidget& widget)
+{
+    QRect ink;
+    for (auto const& place : inkedPlaces(widget)) {
+        ink |= QRect(place, QSize(1, 1));
+    }
     return ink;
+}
+
+long inkAmount(QWidget& widget, QRect const& area)
+{
+    return std::ranges::count_if(inkedPlaces(widget), [&](QPoint const& place) { return area.contains(place); });
 }
 }
 
@@ -71,16 +86,26 @@ TEST_F(VerticalLabelTest, ItsTextRunsDown)
 
 TEST_F(VerticalLabelTest, ItsTextRunsUpWherePeopleWriteFromRightToLeft)
 {
+    // The beginning of this text takes the most ink.
+    label.setText("MMMM            l");
+    label.resize(label.sizeHint());
+    QRect const above(0, 0, label.width(), label.height() / 2);
+    QRect const below = above.translated(0, label.height() / 2);
+
+    EXPECT_GT(inkAmount(label, above), inkAmount(label, below));
     label.setLayoutDirection(Qt::RightToLeft);
-    label.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
 
-    auto const up = label.grab().toImage();
-    label.setLayoutDirection(Qt::LeftToRight);
-    auto const down = label.grab().toImage();
+    EXPECT_LT(inkAmount(label, above), inkAmount(label, below));
+}
 
-    EXPECT_EQ(up.size(), down.size());
-    EXPECT_NE(up, down);
-    EXPECT_FALSE(inkOf(label).isEmpty());
+TEST_F(VerticalLabelTest, ItsAlignmentCountsAlongTheText)
+{
+    label.setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    label.resize(label.width(), 3 * label.height());
+
+    auto const ink = inkOf(label);
+
+    EXPECT_NEAR(ink.center().y(), label.height() / 2, 4);
 }
 
 TEST_F(VerticalLabelTest, AllOfItsTextLiesWithinIt)

@@ -61,6 +61,7 @@ TEST(TextListModelTest, RefusesRowsThatItHasNot)
     EXPECT_FALSE(model.removeRows(0, 0, {}));
     EXPECT_FALSE(model.removeRows(-1, 1, {}));
     EXPECT_FALSE(model.insertRows(4, 1, {}));
+    EXPECT_FALSE(model.insertRows(0, 0, {}));
     EXPECT_FALSE(model.insertRows(0, 1, model.index(0)));
     EXPECT_FALSE(model.setData({}, "x", Qt::EditRole));
     EXPECT_FALSE(model.setData(model.index(0), "red", Qt::ForegroundRole));
