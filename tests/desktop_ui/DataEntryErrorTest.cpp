@@ -1,10 +1,9 @@
 #include <tlm/desktop_ui/DataEntryError.h>
 
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <support/MessageLog.h>
 #include <support/Translation.h>
-
-#include <stdexcept>
 #include <type_traits>
 
 namespace tlm::desktop_ui {
@@ -12,8 +11,10 @@ namespace tlm::desktop_ui {
 using tlm::testing::MessageLog;
 
 static_assert(std::is_base_of_v<foundation::Error, DataEntryError>);
-static_assert(std::is_nothrow_copy_constructible_v<DataEntryError> && std::is_nothrow_copy_assignable_v<DataEntryError>);
-static_assert(std::is_nothrow_move_constructible_v<DataEntryError> && std::is_nothrow_move_assignable_v<DataEntryError>);
+static_assert(std::is_nothrow_copy_constructible_v<DataEntryError> &&
+              std::is_nothrow_copy_assignable_v<DataEntryError>);
+static_assert(std::is_nothrow_move_constructible_v<DataEntryError> &&
+              std::is_nothrow_move_assignable_v<DataEntryError>);
 
 TEST(DataEntryErrorTest, TellsTheValueTheFieldAndTheReason)
 {

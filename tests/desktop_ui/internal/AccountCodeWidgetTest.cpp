@@ -1,4 +1,5 @@
 #include "internal/AccountCodeWidget.h"
+
 #include "support/Widgets.h"
 
 #include <tlm/foundation/Error.h>
