@@ -29,7 +29,7 @@ struct InputCase
 
 std::ostream& operator<<(std::ostream& out, InputCase const& c)
 {
-    return out << c.locale << " \"" << c.input.toStdString() << "\" at " << c.pos;
+    return out << c.locale << " \"" << c.input.left(20).toStdString() << "\" at " << c.pos;
 }
 
 QString const manyDigits(1000, '9');
