@@ -1,7 +1,7 @@
 #include <program/Application.h>
 #include <program/CommandLine.h>
-#include <services/Log.h>
 #include <program/Program.h>
+#include <services/Log.h>
 
 #include <QTextStream>
 
@@ -30,7 +30,7 @@ int print(Answer const& answer)
     QTextStream(answer.exitStatus == 0 ? stdout : stderr) << answer.text.trimmed() << '\n';
     return answer.exitStatus;
 }
-} // namespace
+}
 
 int main(int argc, char** argv)
 {

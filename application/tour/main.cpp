@@ -74,7 +74,7 @@ private:
     QString suffix_;
     bool isWhole_ = true;
 };
-} // namespace
+}
 
 /// usage: tallymere-tour FOLDER light|dark [SCALE'S NAME]
 int main(int argc, char** argv)

@@ -51,7 +51,7 @@ bool meetsAnnouncement(MessageLog::Line const& line)
     }
     return met;
 }
-} // namespace
+}
 
 void MessageLog::listen()
 {
@@ -109,4 +109,4 @@ void expectMessage(QtMsgType type, QString const& pattern)
 {
     MessageLog::announce(type, pattern);
 }
-} // namespace tlm::testing
+}

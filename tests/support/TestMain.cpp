@@ -28,7 +28,7 @@ class Listener : public ::testing::EmptyTestEventListener
         }
     }
 };
-} // namespace
+}
 
 int main(int argc, char** argv)
 {

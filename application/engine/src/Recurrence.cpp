@@ -28,7 +28,7 @@ QDate mondayOf(QDate const& day)
 {
     return day.addDays(Qt::Monday - day.dayOfWeek());
 }
-} // namespace
+}
 
 Recurrence::Recurrence(EventFrequency period, QDate const& anchor, WorkingWeek const& workingWeek)
     : rhythm_(rhythm(period)),
@@ -176,4 +176,4 @@ qint64 Recurrence::monthsFromAnchorTo(QDate const& day) const
 {
     return (day.year() - anchor_.year()) * monthsOfYear + day.month() - anchor_.month();
 }
-} // namespace tallymere::engine
+}

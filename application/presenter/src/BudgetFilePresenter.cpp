@@ -17,7 +17,7 @@ QString withSuffix(QString const& filePathName)
 {
     return QFileInfo(filePathName).suffix().isEmpty() ? filePathName + QStringLiteral(".budget") : filePathName;
 }
-} // namespace
+}
 
 BudgetFilePresenter::BudgetFilePresenter(MainWindow& window, Session& session) : window_(window), session_(session)
 {
@@ -124,4 +124,4 @@ bool BudgetFilePresenter::attemptOrTell(QString const& title, std::function<void
     }
     return true;
 }
-} // namespace tallymere::presenter
+}

@@ -20,4 +20,4 @@ void DashboardPresenter::onPrepareShowDashboard()
     window_.onShowDashboard(household.monthlyTotals(), household.due(QDate::currentDate()), household.health(),
                             settings.dueWithin, settings.preferred, settings.displayAs);
 }
-} // namespace tallymere::presenter
+}

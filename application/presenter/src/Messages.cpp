@@ -12,4 +12,4 @@ void tellFailure(QWidget& window, QString const& title, QString const& sentence)
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }
-} // namespace tallymere::presenter
+}

@@ -1,4 +1,5 @@
 #include <presenter/Session.h>
+
 #include <QDebug>
 #include <QFileInfo>
 #include <QLocale>
@@ -12,7 +13,7 @@ bool isSameFile(QString const& left, QString const& right)
     auto const canonical = QFileInfo(left).canonicalFilePath();
     return !canonical.isEmpty() && canonical == QFileInfo(right).canonicalFilePath();
 }
-} // namespace
+}
 
 Session::Session(storage::Places places) : places_(std::move(places))
 {
@@ -39,12 +40,20 @@ void Session::beginEmpty()
 void Session::open(QString const& filePathName)
 {
     if (isSameFile(filePathName, document_->filePathName())) {
-        document_->reload();
-        household_ = std::make_unique<engine::Household>(document_->content(), *document_);
-        emit replaced();
+        readAgain();
         return;
     }
     take(storage::Document::open(places_, filePathName));
+}
+
+void Session::readAgain()
+{
+    std::unique_ptr<engine::Household> household;
+    document_->reload([&](engine::BudgetContent const& content) {
+        household = std::make_unique<engine::Household>(content, *document_);
+    });
+    household_ = std::move(household);
+    emit replaced();
 }
 
 void Session::recover(storage::Orphan const& orphan)

@@ -30,4 +30,4 @@ void UnansweredPresenter::tell()
     window_.statusBar()->showMessage(tr("This isn't part of Tallymere yet. A later version brings it."),
                                      std::chrono::milliseconds(5s).count());
 }
-} // namespace tallymere::presenter
+}

@@ -24,4 +24,4 @@ void WindowTitle::tell()
     window_.setWindowTitle(QStringLiteral("%1[*] - %2").arg(plain, product_));
     window_.setWindowModified(session_.isDirty());
 }
-} // namespace tallymere::presenter
+}

@@ -28,4 +28,4 @@ void Application::tell(QString const& what)
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }
-} // namespace tallymere::program
+}

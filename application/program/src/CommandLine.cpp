@@ -46,7 +46,7 @@ QString contradiction(QCommandLineParser const& parser)
     }
     return {};
 }
-} // namespace
+}
 
 std::variant<StartOptions, Answer> readCommandLine(QStringList const& arguments)
 {
@@ -76,4 +76,4 @@ std::variant<StartOptions, Answer> readCommandLine(QStringList const& arguments)
     }
     return optionsOf(parser);
 }
-} // namespace tallymere::program
+}

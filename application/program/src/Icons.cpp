@@ -73,7 +73,7 @@ void dressToolBars(QMainWindow& window, QHash<QString, QIcon> const& byText)
         }
     }
 }
-} // namespace
+}
 
 void dress(QMainWindow& window)
 {
@@ -87,4 +87,4 @@ void dress(QMainWindow& window)
     }
     dressToolBars(window, byText);
 }
-} // namespace tallymere::program
+}

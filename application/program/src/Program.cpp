@@ -24,7 +24,7 @@ QString sampleFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/samples");
 }
-} // namespace
+}
 
 Program::Program(StartOptions const& options)
     : options_(options),
@@ -90,4 +90,4 @@ void Program::rememberFile()
         preferences_.setLastFile(current);
     }
 }
-} // namespace tallymere::program
+}

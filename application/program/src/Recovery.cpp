@@ -62,7 +62,7 @@ bool recover(QWidget& window, presenter::Session& session, storage::Orphan const
     }
     return true;
 }
-} // namespace
+}
 
 bool offerRecovery(QWidget& window, presenter::Session& session)
 {
@@ -79,4 +79,4 @@ bool offerRecovery(QWidget& window, presenter::Session& session)
     }
     return false;
 }
-} // namespace tallymere::program
+}

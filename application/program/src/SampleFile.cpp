@@ -17,4 +17,4 @@ QString sampleFile(storage::Places const& places, QString const& folder, QDate c
     }
     return path;
 }
-} // namespace tallymere::program
+}

@@ -39,7 +39,7 @@ void logToFileToo(QtMsgType type, QMessageLogContext const& context, QString con
     spdlog::default_logger_raw()->log(levelOf(type), text.toStdString());
     handlerBefore(type, context, text);
 }
-} // namespace
+}
 
 QString logFilePathName()
 {
@@ -65,4 +65,4 @@ void startLogFile(QString const& filePathName)
     }
     handlerBefore = qInstallMessageHandler(logToFileToo);
 }
-} // namespace tallymere::services
+}

@@ -7,7 +7,7 @@ namespace {
 auto const accountingKey = QStringLiteral("isAccounting");
 auto const lastFileKey = QStringLiteral("lastFile");
 auto const geometryKey = QStringLiteral("windowGeometry");
-} // namespace
+}
 
 bool Preferences::isAccounting() const
 {
@@ -38,4 +38,4 @@ void Preferences::setWindowGeometry(QByteArray const& geometry)
 {
     settings_.setValue(geometryKey, geometry);
 }
-} // namespace tallymere::services
+}

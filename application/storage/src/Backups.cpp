@@ -98,4 +98,4 @@ void Backups::prune() const
         filesystem::remove(pathOf(all[oldest]));
     }
 }
-} // namespace tallymere::storage
+}

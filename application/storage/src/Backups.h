@@ -37,4 +37,4 @@ private:
 
     QByteArray folder_;
 };
-} // namespace tallymere::storage
+}

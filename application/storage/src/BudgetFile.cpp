@@ -164,4 +164,4 @@ std::optional<QByteArray> digestOfFile(QByteArray const& workingCopies, QString 
         return std::nullopt;
     }
 }
-} // namespace tallymere::storage
+}

@@ -56,4 +56,4 @@ private:
 
 /// \return a digest of the content of the file that \a path leads to, nothing when it isn't there or isn't sound
 std::optional<QByteArray> digestOfFile(QByteArray const& workingCopies, QString const& path);
-} // namespace tallymere::storage
+}

@@ -64,4 +64,4 @@ void transact(SQLite::Database& database, std::function<void()> const& changes)
     changes();
     transaction.commit();
 }
-} // namespace tallymere::storage::connection
+}

@@ -24,4 +24,4 @@ void makeDurable(SQLite::Database& database);
 /// Runs \a changes as one transaction, all of them or none.
 /// \throws whatever \a changes throws
 void transact(SQLite::Database& database, std::function<void()> const& changes);
-} // namespace tallymere::storage::connection
+}

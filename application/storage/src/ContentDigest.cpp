@@ -50,4 +50,4 @@ QByteArray digestOf(SQLite::Database const& database)
     }
     return hash.result();
 }
-} // namespace tallymere::storage
+}

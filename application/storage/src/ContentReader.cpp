@@ -145,4 +145,4 @@ engine::BudgetContent readContent(SQLite::Database const& database)
         throw UnsoundBudget(UnsoundBudget::Reason::Damaged, unknown.what());
     }
 }
-} // namespace tallymere::storage
+}

@@ -194,4 +194,4 @@ void ContentWriter::remove(BudgetItemIdentifier const& identifier)
     bind(remove_, 1, identifier);
     requireFound(run(remove_), identifier);
 }
-} // namespace tallymere::storage
+}

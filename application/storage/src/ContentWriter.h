@@ -39,4 +39,4 @@ private:
     SQLite::Statement change_;
     SQLite::Statement remove_;
 };
-} // namespace tallymere::storage
+}

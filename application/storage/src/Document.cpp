@@ -227,7 +227,7 @@ void Document::writeOrigin() const
     }
 }
 
-void Document::reload()
+void Document::reload(std::function<void(BudgetContent const&)> const& examine)
 {
     if (!file_) {
         throw std::logic_error("A budget without a file can't be read again.");
@@ -235,6 +235,7 @@ void Document::reload()
     try {
         auto copy = file_->read();
         copy->write(Origin{file_->filePathName(), copy->digest()});
+        examine(copy->content());
         copy_ = std::move(copy);
         savedDigest_ = copy_->digest();
         isRecovered_ = false;
@@ -291,4 +292,4 @@ void Document::remove(BudgetItemIdentifier const& identifier)
 {
     keep([&](ContentWriter& writer) { writer.remove(identifier); });
 }
-} // namespace tallymere::storage
+}

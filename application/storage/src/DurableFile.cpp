@@ -140,4 +140,4 @@ void DurableFile::close()
 {
     checked(::close(std::exchange(descriptor_, -1)), "close");
 }
-} // namespace tallymere::storage
+}

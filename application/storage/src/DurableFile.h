@@ -47,4 +47,4 @@ private:
 
     int descriptor_;
 };
-} // namespace tallymere::storage
+}

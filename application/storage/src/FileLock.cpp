@@ -149,4 +149,4 @@ FileLock::~FileLock()
     }
     ::close(descriptor_);
 }
-} // namespace tallymere::storage
+}

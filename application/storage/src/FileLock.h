@@ -53,4 +53,4 @@ private:
     QByteArray path_;
     int descriptor_ = -1;
 };
-} // namespace tallymere::storage
+}

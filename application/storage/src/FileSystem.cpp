@@ -166,4 +166,4 @@ void remove(QByteArray const& path)
         fail("unlink");
     }
 }
-} // namespace tallymere::storage::filesystem
+}

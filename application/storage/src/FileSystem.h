@@ -71,4 +71,4 @@ void syncFolder(QByteArray const& folder);
 
 /// Removes \a path; it's no failure when there is nothing to remove.
 void remove(QByteArray const& path);
-} // namespace tallymere::storage::filesystem
+}

@@ -106,4 +106,4 @@ CurrencyDisplayOptions toDisplayOption(std::string const& name)
 {
     return value(displayOptions, name);
 }
-} // namespace tallymere::storage::names
+}

@@ -18,4 +18,4 @@ std::string toName(tlm::navigation::CurrencyDisplayOptions option);
 tlm::budgeting::BudgetItemTypes toType(std::string const& name);
 tlm::budgeting::EventFrequency toFrequency(std::string const& name);
 tlm::navigation::CurrencyDisplayOptions toDisplayOption(std::string const& name);
-} // namespace tallymere::storage::names
+}

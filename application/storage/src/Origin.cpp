@@ -30,4 +30,4 @@ std::optional<Origin> Origin::read(QByteArray const& path)
     }
     return Origin{told["file"].toString(), QByteArray::fromHex(told["content"].toString().toLatin1())};
 }
-} // namespace tallymere::storage
+}

@@ -19,4 +19,4 @@ struct Origin
     /// \return nothing when there is no origin at \a path, or it can't be read
     static std::optional<Origin> read(QByteArray const& path);
 };
-} // namespace tallymere::storage
+}

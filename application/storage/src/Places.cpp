@@ -9,4 +9,4 @@ Places Places::ofUser()
     auto const data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     return {data + QStringLiteral("/working-copies"), data + QStringLiteral("/backups")};
 }
-} // namespace tallymere::storage
+}

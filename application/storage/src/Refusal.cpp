@@ -233,4 +233,4 @@ void refuse(Deed deed, QString const& filePathName, QString const& backups)
         throw DocumentError(tr("%1: %2. %3").arg(whatFailed(deed, filePathName), reason.why, remedy), cause);
     }
 }
-} // namespace tallymere::storage
+}

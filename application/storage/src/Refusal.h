@@ -32,4 +32,4 @@ auto orRefuse(Deed deed, QString const& filePathName, Action const& action)
         refuse(deed, filePathName);
     }
 }
-} // namespace tallymere::storage
+}

@@ -66,4 +66,4 @@ void replaceBytes(QByteArray const& target, QByteArray const& bytes)
     replacement.finish();
     replacement.takePlace();
 }
-} // namespace tallymere::storage
+}

@@ -38,4 +38,4 @@ private:
 
 /// Puts \a bytes in the place of what \a target holds, all of them or none.
 void replaceBytes(QByteArray const& target, QByteArray const& bytes);
-} // namespace tallymere::storage
+}

@@ -204,4 +204,4 @@ void check(SQLite::Database& database)
     checkCounts(database);
     checkUnits(database);
 }
-} // namespace tallymere::storage::schema
+}

@@ -34,4 +34,4 @@ void addCurrencies(SQLite::Database& database);
 /// that its amounts are counted as the program counts them.
 /// \throws UnsoundBudget otherwise
 void check(SQLite::Database& database);
-} // namespace tallymere::storage::schema
+}

@@ -14,4 +14,4 @@ QString sourceKey(QString const& source)
                            [](uint character) { return QChar::toCaseFolded(character); });
     return QString::fromUcs4(reinterpret_cast<char32_t const*>(characters.constData()), characters.size());
 }
-} // namespace tallymere::storage
+}

@@ -25,4 +25,4 @@ public:
 private:
     Reason reason_;
 };
-} // namespace tallymere::storage
+}

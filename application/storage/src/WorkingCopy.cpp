@@ -149,4 +149,4 @@ QByteArray digestOfSound(QByteArray const& path)
     check(database);
     return digestOf(database);
 }
-} // namespace tallymere::storage
+}

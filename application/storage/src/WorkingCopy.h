@@ -74,4 +74,4 @@ private:
 /// \return a digest of its content
 /// \throws UnsoundBudget otherwise
 QByteArray digestOfSound(QByteArray const& path);
-} // namespace tallymere::storage
+}

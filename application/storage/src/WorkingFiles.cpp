@@ -88,4 +88,4 @@ QByteArray WorkingFiles::originPath() const
 {
     return replaceSuffix(database_, databaseSuffix, ".origin");
 }
-} // namespace tallymere::storage
+}

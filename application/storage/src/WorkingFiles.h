@@ -47,4 +47,4 @@ private:
     QByteArray database_;
     std::unique_ptr<FileLock> lock_;
 };
-} // namespace tallymere::storage
+}

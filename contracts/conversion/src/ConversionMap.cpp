@@ -18,7 +18,7 @@ QString codeOf(fiscora::Currency const& currency)
 {
     return QString::fromStdString(fiscora::toStdString(currency));
 }
-} // namespace
+}
 
 bool ConversionMap::hasConversion(fiscora::Currency const& from, fiscora::Currency const& to,
                                   AllowExpiredConversion const& allowExpired) const
@@ -75,4 +75,4 @@ std::set<ConversionMap::Direction> ConversionMap::lookedUpDirections() const
     std::erase_if(directions, [this](Direction const& each) { return !isLookedUp(each.first, each.second); });
     return directions;
 }
-} // namespace tlm::conversion
+}

@@ -17,4 +17,4 @@ struct CurrencyEntry
 
 /// In the order of allCurrencies.
 extern std::array<CurrencyEntry, allCurrencies.size()> const currencyTable;
-} // namespace fiscora
+}

@@ -20,4 +20,4 @@ QDebug operator<<(QDebug debug, BankAccountCode const& code)
                     << ", " << code.issuedIn() << ')';
     return debug;
 }
-} // namespace tlm::navigation
+}

@@ -10,4 +10,4 @@ std::optional<banking::BankAccount> lookUpBankAccount(budgeting::BudgetSource co
     auto const found = std::ranges::find(accounts, source, &BudgetBankAccount::source);
     return found == accounts.end() ? std::nullopt : std::optional(found->account);
 }
-} // namespace tlm::navigation
+}

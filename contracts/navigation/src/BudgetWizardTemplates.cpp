@@ -22,7 +22,7 @@ char const* nameOf(BudgetWizardTemplates budgetTemplate)
     }
     return "unknown";
 }
-} // namespace
+}
 
 QDebug operator<<(QDebug debug, BudgetWizardTemplates budgetTemplate)
 {
@@ -30,4 +30,4 @@ QDebug operator<<(QDebug debug, BudgetWizardTemplates budgetTemplate)
     debug.nospace() << "BudgetWizardTemplates(" << nameOf(budgetTemplate) << ')';
     return debug;
 }
-} // namespace tlm::navigation
+}

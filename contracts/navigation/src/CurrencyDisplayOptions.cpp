@@ -26,7 +26,7 @@ std::logic_error unknown(CurrencyDisplayOptions option)
                             ".");
 }
 
-} // namespace
+}
 
 QString presentationText(CurrencyDisplayOptions const& option)
 {
@@ -90,4 +90,4 @@ QDebug operator<<(QDebug debug, CurrencyDisplayOptions option)
     debug.nospace() << "CurrencyDisplayOptions(" << static_cast<unsigned int>(option) << ')';
     return debug;
 }
-} // namespace tlm::navigation
+}

@@ -11,7 +11,7 @@ unsigned long long nextNumber()
     static std::atomic<unsigned long long> last{0};
     return ++last;
 }
-} // namespace
+}
 
 GuiElementIdentifier::GuiElementIdentifier() : number_(nextNumber()) {}
 
@@ -21,4 +21,4 @@ QDebug operator<<(QDebug debug, GuiElementIdentifier const& identifier)
     debug.nospace() << "GuiElementIdentifier(" << identifier.number_ << ')';
     return debug;
 }
-} // namespace tlm::navigation
+}

@@ -11,7 +11,7 @@ std::strong_ordering compareMoments(QDateTime const& left, QDateTime const& righ
     }
     return left.toMSecsSinceEpoch() <=> right.toMSecsSinceEpoch();
 }
-} // namespace
+}
 
 std::strong_ordering operator<=>(ReleaseInformation const& left, ReleaseInformation const& right)
 {
@@ -28,4 +28,4 @@ bool operator==(ReleaseInformation const& left, ReleaseInformation const& right)
 {
     return (left <=> right) == 0;
 }
-} // namespace tlm::updating
+}

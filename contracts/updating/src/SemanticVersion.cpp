@@ -68,7 +68,7 @@ std::strong_ordering comparePreReleases(QStringList const& left, QStringList con
     return std::lexicographical_compare_three_way(left.begin(), left.end(), right.begin(), right.end(),
                                                   compareIdentifiers);
 }
-} // namespace
+}
 
 SemanticVersion::SemanticVersion(unsigned int major, unsigned int minor, unsigned int patch)
     : major_(major), minor_(minor), patch_(patch)
@@ -104,4 +104,4 @@ QDebug operator<<(QDebug debug, SemanticVersion const& version)
     debug.noquote().nospace() << toString(version);
     return debug;
 }
-} // namespace tlm::updating
+}

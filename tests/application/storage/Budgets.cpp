@@ -81,4 +81,4 @@ void plan(Document& document, PlannedItem const& item)
 {
     document.transact([&] { document.add(item); });
 }
-} // namespace tallymere::storage::testing
+}

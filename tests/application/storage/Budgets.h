@@ -15,4 +15,4 @@ engine::PlannedItem numberedBill(int number);
 engine::BudgetContent billsOnly(int count);
 
 void plan(Document& document, engine::PlannedItem const& item);
-} // namespace tallymere::storage::testing
+}

@@ -132,4 +132,4 @@ TEST_P(FaultTest, ACallThatFailsOnceLosesNothing)
 INSTANTIATE_TEST_SUITE_P(Calls, FaultTest,
                          ::testing::Combine(::testing::Values("change", "save", "saveAs"),
                                             ::testing::Values(ENOSPC, EIO)));
-} // namespace tallymere::storage
+}

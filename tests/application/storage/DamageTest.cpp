@@ -69,4 +69,4 @@ TEST_F(DamageTest, AFileWithAFlippedByteIsRefusedOrSound)
     }
     EXPECT_GT(refused, 0);
 }
-} // namespace tallymere::storage
+}

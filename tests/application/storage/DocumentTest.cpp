@@ -241,10 +241,25 @@ TEST_F(DocumentTest, ReloadingGivesUpChangesAndReadsTheFileAnew)
     plan(*document, numberedBill(1));
     writeBytes(at("home.budget"), bytesOf(at("other.budget")));
 
-    document->reload();
+    BudgetContent examined;
+    document->reload([&](BudgetContent const& content) { examined = content; });
 
+    EXPECT_EQ(examined, billsOnly(3));
     EXPECT_EQ(document->content(), billsOnly(3));
     EXPECT_FALSE(document->isDirty());
+}
+
+TEST_F(DocumentTest, AFileThatIsRefusedOnReloadLeavesTheContent)
+{
+    save(at("home.budget"));
+    auto const document = Document::open(places, at("home.budget"));
+    plan(*document, numberedBill(1));
+    auto const content = document->content();
+
+    EXPECT_THROW(document->reload([](BudgetContent const&) { throw std::range_error("too odd"); }), std::range_error);
+
+    EXPECT_EQ(document->content(), content);
+    EXPECT_TRUE(document->isDirty());
 }
 
 TEST_F(DocumentTest, AFileThatCannotBeReloadedLeavesTheContent)
@@ -255,7 +270,7 @@ TEST_F(DocumentTest, AFileThatCannotBeReloadedLeavesTheContent)
     auto const content = document->content();
     writeBytes(at("home.budget"), "rubbish");
 
-    EXPECT_NE(refusalOf([&] { document->reload(); }), QString());
+    EXPECT_NE(refusalOf([&] { document->reload([](BudgetContent const&) {}); }), QString());
 
     EXPECT_EQ(document->content(), content);
     EXPECT_TRUE(document->isDirty());
@@ -321,4 +336,4 @@ TEST_F(DocumentTest, TenThousandItemsCostNoMoreThanTheirShare)
 
     EXPECT_LT(many, few * 8);
 }
-} // namespace tallymere::storage
+}

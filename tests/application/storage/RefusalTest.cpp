@@ -227,4 +227,4 @@ TEST_F(RefusalTest, AFileThatMayNotBeReadIsRefused)
     EXPECT_THAT(refusalOf([&] { Document::open(places, at("home.budget")); }).toStdString(),
                 HasSubstr("aren't allowed"));
 }
-} // namespace tallymere::storage
+}

@@ -136,4 +136,4 @@ TEST_F(RoundTripTest, AFileOfTheFirstReleaseOpens)
 
     EXPECT_EQ(Document::open(places, at("released-1.budget"))->content(), household());
 }
-} // namespace tallymere::storage
+}

@@ -270,4 +270,4 @@ TEST_F(SafekeepingTest, ABackupOpensAsABudget)
 
     EXPECT_EQ(Document::open(places, backups().filePath("1.budget"))->content(), household());
 }
-} // namespace tallymere::storage
+}

@@ -201,7 +201,7 @@ void run(QStringList const& arguments)
     }
 }
 }
-} // namespace tallymere::storage
+}
 
 int main(int argc, char** argv)
 {

@@ -80,4 +80,4 @@ OrdinaryUser::~OrdinaryUser()
         EXPECT_EQ(::setegid(0), 0);
     }
 }
-} // namespace tallymere::storage::testing
+}

@@ -51,4 +51,4 @@ public:
 private:
     bool isRoot_;
 };
-} // namespace tallymere::storage::testing
+}

@@ -26,4 +26,4 @@ struct BudgetContent
 
 /// \return a budget with nothing planned yet, in the currency of \a locale's country, or in dollars where it has none
 BudgetContent emptyContent(QLocale const& locale);
-} // namespace tallymere::engine
+}

@@ -55,11 +55,10 @@ public:
     /// \throws foundation::Error when a total is too large to count
     tlm::budgeting::BudgetTotals monthlyTotals() const;
 
-    /// \return every occurrence neither posted nor skipped up to as many days after \a today as the settings tell,
-    /// overdue
-    ///         ones included, ordered by date, type and source. The earliest of each item come first and later ones
-    ///         follow up once they are dealt with, where there are more than `mostDueOfOneItem_`. An hourly item is due
-    ///         with the hours of a whole working day.
+    /// \return every occurrence neither posted nor skipped up to as many days after \a today as the settings tell, overdue
+    ///         ones included, ordered by date, type and source. The earliest of each item come first and later ones follow
+    ///         up once they are dealt with, where there are more than `mostDueOfOneItem_`. An hourly item is due with the
+    ///         hours of a whole working day.
     std::vector<tlm::budgeting::BudgetItemAmountDue> due(QDate const& today) const;
 
     /// \return the adviser's judgement of the monthly totals and of all that was borrowed

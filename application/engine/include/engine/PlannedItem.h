@@ -33,4 +33,4 @@ struct PlannedItem
 
     friend bool operator==(PlannedItem const&, PlannedItem const&) = default;
 };
-} // namespace tallymere::engine
+}

@@ -71,4 +71,4 @@ private:
     QDate anchor_;
     int workingDays_;
 };
-} // namespace tallymere::engine
+}

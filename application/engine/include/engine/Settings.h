@@ -22,4 +22,4 @@ struct Settings
 
     friend bool operator==(Settings const&, Settings const&) = default;
 };
-} // namespace tallymere::engine
+}

@@ -28,4 +28,4 @@ public:
     virtual void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem const& item) = 0;
     virtual void remove(tlm::budgeting::BudgetItemIdentifier const& identifier) = 0;
 };
-} // namespace tallymere::engine
+}

@@ -41,4 +41,4 @@ private:
     tlm::desktop_ui::MainWindow& window_;
     Session& session_;
 };
-} // namespace tallymere::presenter
+}

@@ -23,4 +23,4 @@ private:
     tlm::desktop_ui::MainWindow& window_;
     Session& session_;
 };
-} // namespace tallymere::presenter
+}

@@ -44,10 +44,11 @@ signals:
     void saved();
 
 private:
+    void readAgain();
     void take(std::unique_ptr<storage::Document> document);
 
     storage::Places places_;
     std::unique_ptr<storage::Document> document_;
     std::unique_ptr<engine::Household> household_;
 };
-} // namespace tallymere::presenter
+}

@@ -22,4 +22,4 @@ private:
 
     tlm::desktop_ui::MainWindow& window_;
 };
-} // namespace tallymere::presenter
+}

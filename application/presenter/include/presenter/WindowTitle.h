@@ -25,4 +25,4 @@ private:
     Session& session_;
     QString const product_;
 };
-} // namespace tallymere::presenter
+}

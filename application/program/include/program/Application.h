@@ -20,4 +20,4 @@ public:
 private:
     static void tell(QString const& what);
 };
-} // namespace tallymere::program
+}

@@ -30,4 +30,4 @@ struct Answer
 
 /// Reads \a arguments, the program's name first. Needs a core application for the name and the version.
 std::variant<StartOptions, Answer> readCommandLine(QStringList const& arguments);
-} // namespace tallymere::program
+}

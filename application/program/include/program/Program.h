@@ -43,4 +43,4 @@ private:
     presenter::BudgetFilePresenter budgetFile_;
     presenter::UnansweredPresenter unanswered_;
 };
-} // namespace tallymere::program
+}

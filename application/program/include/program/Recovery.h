@@ -13,4 +13,4 @@ namespace tallymere::program {
 /// Waits for the person. Work that was neither recovered nor discarded is offered again at the next start.
 /// \return whether one was recovered, which then is the open budget
 bool offerRecovery(QWidget& window, presenter::Session& session);
-} // namespace tallymere::program
+}

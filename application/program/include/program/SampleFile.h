@@ -13,4 +13,4 @@ namespace tallymere::program {
 /// \return path of the file
 /// \throws storage::DocumentError when it can't be written
 QString sampleFile(storage::Places const& places, QString const& folder, QDate const& today);
-} // namespace tallymere::program
+}

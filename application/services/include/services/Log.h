@@ -13,4 +13,4 @@ QString logFilePathName();
 /// A file that grows beyond a megabyte is put aside, and three of those are kept. The file is private to its owner.
 /// When it can't be written to, a warning says so and the program goes on without it.
 void startLogFile(QString const& filePathName);
-} // namespace tallymere::services
+}

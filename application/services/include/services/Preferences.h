@@ -25,4 +25,4 @@ public:
 private:
     QSettings settings_;
 };
-} // namespace tallymere::services
+}

@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -63,8 +64,8 @@ public:
     /// Saves under another name, which the document then has.
     void saveAs(QString const& filePathName);
 
-    /// Reads the file again in place of the present content.
-    void reload();
+    /// Reads the file again in place of the present content, unless \a examine throws at what it holds.
+    void reload(std::function<void(engine::BudgetContent const&)> const& examine);
 
     void transact(std::function<void()> const& changes) override;
     void write(engine::Settings const& settings) override;
@@ -88,4 +89,4 @@ private:
     QByteArray savedDigest_; ///< of the content when it was created, opened or saved last
     bool isRecovered_ = false;
 };
-} // namespace tallymere::storage
+}

@@ -10,4 +10,4 @@ class DocumentError : public tlm::foundation::Error
 public:
     using Error::Error;
 };
-} // namespace tallymere::storage
+}

@@ -12,4 +12,4 @@ struct Orphan
     QString filePathName; ///< the file that it was meant for, empty when it never had one
     QDateTime changedOn;  ///< when it was changed last
 };
-} // namespace tallymere::storage
+}

@@ -13,4 +13,4 @@ struct Places
     /// \return folders in the data directory of the person who runs the program
     static Places ofUser();
 };
-} // namespace tallymere::storage
+}

@@ -10,4 +10,4 @@ std::string licence();
 std::string copyright();
 std::string description();
 std::string version();
-} // namespace fiscora
+}

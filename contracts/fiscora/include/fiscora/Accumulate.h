@@ -12,4 +12,4 @@ namespace fiscora::math::detail {
 /// The total is made to be shown, so it is rounded to whole minor units, halves away from zero.
 /// \throws std::overflow_error when the total leaves 64 bits
 Money accumulateRunningTotals(Currency const& target, std::map<Currency, Money> const& totals);
-} // namespace fiscora::math::detail
+}

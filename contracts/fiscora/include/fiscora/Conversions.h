@@ -16,8 +16,9 @@ void registerConversion(Currency const& from, Currency const& to, FloatingPoint 
 /// Forgets all rates.
 void clearConversions() noexcept;
 
-/// Converts by the registered rate, read as the shortest decimal number that stands for it, and rounds to a stored
-/// unit, halves away from zero. A money of the currency \a to comes back as it is. \return empty when no rate of that
-/// direction is registered \throws std::overflow_error when the result leaves 64 bits
+/// Converts by the registered rate, read as the shortest decimal number that stands for it, and rounds to a stored unit,
+/// halves away from zero. A money of the currency \a to comes back as it is.
+/// \return empty when no rate of that direction is registered
+/// \throws std::overflow_error when the result leaves 64 bits
 std::optional<Money> convert(Money const& money, Currency const& to);
-} // namespace fiscora
+}

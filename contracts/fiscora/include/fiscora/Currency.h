@@ -23,4 +23,4 @@ std::string toStdString(Currency const& code);
 
 /// \throws std::invalid_argument when \a code isn't the code of a known currency, in capital letters
 Currency toCurrency(std::string const& code);
-} // namespace fiscora
+}

@@ -18,4 +18,4 @@ public:
 private:
     double number_;
 };
-} // namespace fiscora
+}

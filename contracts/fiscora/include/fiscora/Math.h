@@ -6,4 +6,4 @@ namespace fiscora::math {
 
 /// \throws std::overflow_error for the least amount of 64 bits
 Money absoluteValue(Money const& money);
-} // namespace fiscora::math
+}

@@ -33,11 +33,11 @@ public:
 
     /// Makes an amount of the parts of a MoneyParts, or of \a major whole units.
     ///
-    /// A negative \a major makes the whole amount negative; where it is zero, MoneyParts::minusFlag_ in \a subMinor
-    /// does. \param minor below one whole unit: 0 to 99 for the euro, 0 for a currency without minor units \param
-    /// subMinor hundredths of a minor unit, 0 to 99, and perhaps the flag \throws std::invalid_argument when the parts
-    /// don't fit the currency, or the flag meets a \a major that isn't zero \throws std::overflow_error when the amount
-    /// leaves 64 bits
+    /// A negative \a major makes the whole amount negative; where it is zero, MoneyParts::minusFlag_ in \a subMinor does.
+    /// \param minor below one whole unit: 0 to 99 for the euro, 0 for a currency without minor units
+    /// \param subMinor hundredths of a minor unit, 0 to 99, and perhaps the flag
+    /// \throws std::invalid_argument when the parts don't fit the currency, or the flag meets a \a major that isn't zero
+    /// \throws std::overflow_error when the amount leaves 64 bits
     Money(Currency const& code, long long const& major, unsigned short const& minor, unsigned short const& subMinor);
 
     /// Makes a money from what amount() gave, for storage.
@@ -104,4 +104,4 @@ std::string toDecimal(Money const& money);
 
 /// \return amount and code for the log, "-12.50 EUR"
 std::string toStdString(Money const& money);
-} // namespace fiscora
+}

@@ -54,4 +54,4 @@ private:
 ///         known currency, has no currency, or has more digits after the point than are stored
 /// \throws std::overflow_error likewise, when the whole units leave 64 bits
 MoneyParts split(std::string const& text, char decimalPoint);
-} // namespace fiscora
+}

@@ -14,4 +14,4 @@ long long up(long long const& amount, unsigned char const& storedDigits, unsigne
 
 /// Rounds to the nearest, halves away from zero; otherwise like down().
 long long nearest(long long const& amount, unsigned char const& storedDigits, unsigned char const& keptDigits);
-} // namespace fiscora::rounders::currency
+}

@@ -33,4 +33,4 @@ public:
 /// Announces that at least one line of \a type, which matches the regular expression \a pattern somewhere, will be
 /// logged by the present test. It fails when none comes.
 void expectMessage(QtMsgType type, QString const& pattern);
-} // namespace tlm::testing
+}

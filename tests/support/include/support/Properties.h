@@ -1,9 +1,9 @@
 #pragma once
 
 #include <compare>
-#include <type_traits>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
+#include <type_traits>
 
 namespace tlm::testing {
 

@@ -37,4 +37,4 @@ inline QStringList tabOrder(QWidget& first)
     }
     return names;
 }
-} // namespace tlm::testing
+}

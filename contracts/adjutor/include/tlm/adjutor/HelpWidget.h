@@ -38,4 +38,4 @@ private:
 
     HandbookBrowser* browser_ = nullptr; // a child, made when the first page is displayed
 };
-} // namespace tlm::adjutor
+}

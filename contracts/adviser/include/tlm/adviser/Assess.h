@@ -18,4 +18,4 @@ namespace tlm::adviser {
 /// \return the verdict with one to six paragraphs of advice in the user's locale
 /// \throws std::invalid_argument when the currencies differ; money of no currency counts as nothing
 BudgetHealth assess(budgeting::BudgetTotals const& perMonth, fiscora::Money const& stillOwed);
-} // namespace tlm::adviser
+}

@@ -30,4 +30,4 @@ private:
     double percent_ = 0;
     QList<QString> information_;
 };
-} // namespace tlm::adviser
+}

@@ -18,4 +18,4 @@ enum class HealthStatuses : unsigned char
 QString presentationText(HealthStatuses const& status);
 
 QDebug operator<<(QDebug debug, HealthStatuses const& status);
-} // namespace tlm::adviser
+}

@@ -7,4 +7,4 @@ struct AllowExpiredConversion
 {
     bool value = false;
 };
-} // namespace tlm::conversion
+}

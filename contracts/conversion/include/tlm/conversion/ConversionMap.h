@@ -68,4 +68,4 @@ private:
     TimePoint lastFetched_{};
     std::set<Direction> lookedUp_; // may name directions whose rate was cleared since
 };
-} // namespace tlm::conversion
+}

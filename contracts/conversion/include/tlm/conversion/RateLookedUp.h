@@ -7,4 +7,4 @@ struct RateLookedUp
 {
     bool value = false;
 };
-} // namespace tlm::conversion
+}

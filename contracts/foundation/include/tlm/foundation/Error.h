@@ -27,4 +27,4 @@ public:
 private:
     QString message_;
 };
-} // namespace tlm::foundation
+}

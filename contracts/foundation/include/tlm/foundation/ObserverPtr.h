@@ -23,4 +23,4 @@ public:
 private:
     T* pointee_ = nullptr;
 };
-} // namespace tlm::foundation
+}

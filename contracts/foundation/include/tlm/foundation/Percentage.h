@@ -29,4 +29,4 @@ private:
 };
 
 QDebug operator<<(QDebug debug, Percentage const& percentage);
-} // namespace tlm::foundation
+}

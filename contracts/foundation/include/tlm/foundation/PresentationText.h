@@ -35,10 +35,10 @@ QString presentationText(fiscora::Currency const& code);
 
 /// \return the default locale's short date with all four digits of the year; empty for an invalid date
 QString presentationText(QDate const& date);
-} // namespace tlm::foundation
+}
 
 namespace fiscora {
 
 QDebug operator<<(QDebug debug, Currency const& code);
 QDebug operator<<(QDebug debug, Money const& money);
-} // namespace fiscora
+}

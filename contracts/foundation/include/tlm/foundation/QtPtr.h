@@ -83,4 +83,4 @@ private:
     mutable T* pointee_ = nullptr;
     mutable QMetaObject::Connection connection_;
 };
-} // namespace tlm::foundation
+}

@@ -18,4 +18,4 @@ public:
 private:
     std::function<void()> atEnd_;
 };
-} // namespace tlm::foundation
+}

@@ -8,4 +8,4 @@ enum class AllowSubAccounts : unsigned char
     No = 0,
     Yes = 1
 };
-} // namespace tlm::navigation
+}

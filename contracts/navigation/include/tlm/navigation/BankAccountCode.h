@@ -38,4 +38,4 @@ private:
 };
 
 QDebug operator<<(QDebug debug, BankAccountCode const& code);
-} // namespace tlm::navigation
+}

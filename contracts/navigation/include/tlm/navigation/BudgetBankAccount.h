@@ -22,4 +22,4 @@ struct BudgetBankAccount
 ///         empty when \a accounts tells of none
 std::optional<banking::BankAccount> lookUpBankAccount(budgeting::BudgetSource const& source,
                                                       std::set<BudgetBankAccount> const& accounts);
-} // namespace tlm::navigation
+}

@@ -16,4 +16,4 @@ enum class BudgetWizardTemplates : unsigned char
 };
 
 QDebug operator<<(QDebug debug, BudgetWizardTemplates budgetTemplate);
-} // namespace tlm::navigation
+}

@@ -10,4 +10,4 @@ struct ConfigurationOptions
 
     friend bool operator==(ConfigurationOptions const&, ConfigurationOptions const&) = default;
 };
-} // namespace tlm::navigation
+}

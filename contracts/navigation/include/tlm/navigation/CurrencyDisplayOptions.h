@@ -37,4 +37,4 @@ fiscora::Currency toCurrencyFromDisplayable(QString const& text, std::set<fiscor
                                             CurrencyDisplayOptions option);
 
 QDebug operator<<(QDebug debug, CurrencyDisplayOptions option);
-} // namespace tlm::navigation
+}

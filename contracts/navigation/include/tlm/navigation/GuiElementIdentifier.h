@@ -23,4 +23,4 @@ private:
 };
 
 QDebug operator<<(QDebug debug, GuiElementIdentifier const& identifier);
-} // namespace tlm::navigation
+}

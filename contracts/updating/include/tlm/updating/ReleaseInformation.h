@@ -20,4 +20,4 @@ struct ReleaseInformation
 /// Orders by version, then by the moment of release (an unknown one first), then by the notes.
 std::strong_ordering operator<=>(ReleaseInformation const& left, ReleaseInformation const& right);
 bool operator==(ReleaseInformation const& left, ReleaseInformation const& right);
-} // namespace tlm::updating
+}

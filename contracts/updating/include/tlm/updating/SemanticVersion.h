@@ -39,4 +39,4 @@ private:
 QString toString(SemanticVersion const& version);
 SemanticVersion toSemanticVersion(QString const& text);
 QDebug operator<<(QDebug debug, SemanticVersion const& version);
-} // namespace tlm::updating
+}
