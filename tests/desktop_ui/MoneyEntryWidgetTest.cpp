@@ -257,6 +257,22 @@ TEST_F(MoneyEntryWidgetTest, ItsLabelCanBeNamedAndHidden)
     EXPECT_EQ(label.buddy(), &field);
 }
 
+TEST_F(MoneyEntryWidgetTest, ItsLabelStaysInSightAtTheLeastWidth)
+{
+    auto& label = child<QLabel>(widget, "amountLbl");
+
+    widget.resize(150, widget.heightForWidth(150));
+    widget.show();
+
+    EXPECT_EQ(widget.width(), 150);
+    EXPECT_GE(label.width(), label.sizeHint().width());
+    EXPECT_FALSE(label.geometry().intersects(codes.geometry()));
+    for (auto const* const each :
+         {static_cast<QWidget*>(&label), static_cast<QWidget*>(&codes), static_cast<QWidget*>(&field)}) {
+        EXPECT_TRUE(widget.rect().contains(each->geometry())) << each->objectName().toStdString();
+    }
+}
+
 TEST_F(MoneyEntryWidgetTest, ReadOnlyKeepsAmountAndCurrencyFromChanging)
 {
     showWith(Currency::USD, "5.00");
