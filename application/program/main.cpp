@@ -3,9 +3,12 @@
 #include <program/Program.h>
 #include <services/Log.h>
 
+#include <QDebug>
+#include <QMessageBox>
 #include <QTextStream>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -30,6 +33,14 @@ int print(Answer const& answer)
     QTextStream(answer.exitStatus == 0 ? stdout : stderr) << answer.text.trimmed() << '\n';
     return answer.exitStatus;
 }
+
+/// For what keeps the program from starting, where there is no window to tell it on.
+int tellWhyNot(QString const& reason)
+{
+    qCritical().noquote() << "Tallymere can't start:" << reason;
+    QMessageBox::critical(nullptr, QCoreApplication::translate("main", "Tallymere Can't Start"), reason);
+    return EXIT_FAILURE;
+}
 }
 
 int main(int argc, char** argv)
@@ -41,7 +52,11 @@ int main(int argc, char** argv)
     }
     Application const application(argc, argv);
     tallymere::services::startLogFile(tallymere::services::logFilePathName());
-    Program program(std::get<StartOptions>(asked));
-    program.start();
-    return Application::exec();
+    try {
+        Program program(std::get<StartOptions>(asked));
+        program.start();
+        return Application::exec();
+    } catch (std::exception const& failure) {
+        return tellWhyNot(QString::fromUtf8(failure.what()));
+    }
 }

@@ -1,3 +1,4 @@
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTest>
@@ -59,6 +60,21 @@ TEST_F(ProcessTest, HelpNeedsNoDisplay)
     ASSERT_TRUE(end());
     EXPECT_EQ(process.exitCode(), 0);
     EXPECT_TRUE(process.readAllStandardOutput().contains("--sample"));
+}
+
+TEST_F(ProcessTest, AStartThatNeedsAFolderInVainSaysWhyAndEnds)
+{
+    QFile obstacle(home.path("data"));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    start({});
+    auto const box = xdotool({"search", "--sync", "--onlyvisible", "--name", "Can't Start"});
+    ASSERT_FALSE(box.isEmpty());
+
+    xdotool({"windowfocus", "--sync", box, "key", "Return"});
+
+    ASSERT_TRUE(end());
+    EXPECT_EQ(process.exitCode(), EXIT_FAILURE);
+    EXPECT_TRUE(process.readAllStandardError().contains("Tallymere can't start: "));
 }
 
 TEST_F(ProcessTest, TheSampleOpensInAWindowAndTheKeyboardEndsIt)

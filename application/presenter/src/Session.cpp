@@ -15,10 +15,7 @@ bool isSameFile(QString const& left, QString const& right)
 }
 }
 
-Session::Session(storage::Places places) : places_(std::move(places))
-{
-    beginEmpty();
-}
+Session::Session(storage::Places places) : places_(std::move(places)) {}
 
 Session::~Session() = default;
 
@@ -39,7 +36,7 @@ void Session::beginEmpty()
 
 void Session::open(QString const& filePathName)
 {
-    if (isSameFile(filePathName, document_->filePathName())) {
+    if (document_ && isSameFile(filePathName, document_->filePathName())) {
         readAgain();
         return;
     }

@@ -11,7 +11,6 @@ WindowTitle::WindowTitle(QWidget& window, Session& session)
 {
     connect(&session_, &Session::replaced, this, &WindowTitle::tell);
     connect(&session_, &Session::saved, this, &WindowTitle::tell);
-    tell();
 }
 
 void WindowTitle::tell()

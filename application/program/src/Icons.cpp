@@ -2,10 +2,13 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QHash>
 #include <QIcon>
 #include <QMainWindow>
+#include <QMenu>
+#include <QRegularExpression>
 #include <QToolBar>
+
+#include <algorithm>
 
 namespace tallymere::program {
 
@@ -58,18 +61,42 @@ QIcon iconOf(ActionIcon const& entry)
     return own(entry.file);
 }
 
+ActionIcon const* entryOf(QAction const& action)
+{
+    auto const* const found = std::ranges::find_if(
+        actionIcons, [&action](auto const& entry) { return action.objectName() == QLatin1String(entry.action); });
+    return found == std::ranges::end(actionIcons) ? nullptr : found;
+}
+
+void dress(QAction& action)
+{
+    if (auto const* const entry = entryOf(action)) {
+        action.setIcon(iconOf(*entry));
+    }
+}
+
+/// Pictures take time to read, and most starts of the program open no menu.
+void dressOnceOpened(QMenu& menu)
+{
+    auto const dressAll = [&menu] { std::ranges::for_each(menu.actions(), [](auto* action) { dress(*action); }); };
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, dressAll, Qt::SingleShotConnection);
+}
+
 QString plainText(QAction const& action)
 {
     return action.text().remove(QLatin1Char('&'));
 }
 
 /// Tool bars carry actions of their own: each wears the icon of the menu's action of the same text.
-void dressToolBars(QMainWindow& window, QHash<QString, QIcon> const& byText)
+void dress(QToolBar& bar, QList<QAction*> const& menuActions)
 {
-    for (auto* const bar : window.findChildren<QToolBar*>()) {
-        bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        for (auto* const action : bar->actions()) {
-            action->setIcon(byText.value(plainText(*action)));
+    bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    for (auto* const action : bar.actions()) {
+        for (auto const* const model : menuActions) {
+            if (auto const* const entry = entryOf(*model);
+                entry != nullptr && plainText(*model) == plainText(*action)) {
+                action->setIcon(iconOf(*entry));
+            }
         }
     }
 }
@@ -78,13 +105,12 @@ void dressToolBars(QMainWindow& window, QHash<QString, QIcon> const& byText)
 void dress(QMainWindow& window)
 {
     QApplication::setWindowIcon(own("tallymere"));
-    QHash<QString, QIcon> byText;
-    for (auto const& entry : actionIcons) {
-        if (auto* const action = window.findChild<QAction*>(QLatin1String(entry.action))) {
-            action->setIcon(iconOf(entry));
-            byText.insert(plainText(*action), action->icon());
-        }
+    for (auto* const menu : window.findChildren<QMenu*>()) {
+        dressOnceOpened(*menu);
     }
-    dressToolBars(window, byText);
+    auto const menuActions = window.findChildren<QAction*>(QRegularExpression(QStringLiteral("Actn$")));
+    for (auto* const bar : window.findChildren<QToolBar*>()) {
+        dress(*bar, menuActions);
+    }
 }
 }

@@ -63,14 +63,17 @@ QString Program::openFirst()
     if (offerRecovery(window_, session_)) {
         return {};
     }
+    QString reason;
     try {
         if (auto const first = firstFile(); !first.isEmpty()) {
             session_.open(first);
+            return {};
         }
     } catch (std::exception const& failure) {
-        return QString::fromUtf8(failure.what());
+        reason = QString::fromUtf8(failure.what());
     }
-    return {};
+    session_.beginEmpty();
+    return reason;
 }
 
 QString Program::firstFile() const

@@ -19,6 +19,8 @@ namespace tallymere::presenter {
 class PresenterTest : public ::testing::Test
 {
 protected:
+    PresenterTest() { session.beginEmpty(); }
+
     static storage::Places placesIn(tlm::testing::Home const& home)
     {
         return {home.path(QStringLiteral("working")), home.path(QStringLiteral("backups"))};

@@ -14,6 +14,8 @@ protected:
 
 TEST_F(WindowTitleTest, NamesABudgetWithoutAFile)
 {
+    session.beginEmpty();
+
     EXPECT_EQ(window.windowTitle(), "New budget[*] - " + product);
     EXPECT_FALSE(window.isWindowModified());
 }

@@ -11,13 +11,13 @@ namespace tallymere::presenter {
 
 /// The budget that is open: its document, and the household that is kept in it.
 ///
-/// There is always one.
+/// There is none until the first has been begun, opened or recovered, and always one from then on. Nothing but these three
+/// and places() may be asked before.
 class Session : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Opens with a new, empty budget.
     explicit Session(storage::Places places);
     ~Session() override;
 

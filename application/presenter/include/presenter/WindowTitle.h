@@ -15,7 +15,8 @@ class WindowTitle : public QObject
     Q_OBJECT
 
 public:
-    /// Both must outlive the title. The title that \a window has now becomes the end of every later one.
+    /// Both must outlive the title. The title that \a window has now becomes the end of every later one,
+    /// from the next budget or save on.
     WindowTitle(QWidget& window, Session& session);
 
 private:

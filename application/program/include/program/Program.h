@@ -21,7 +21,8 @@ public:
 
     /// Shows the window with the budget that was asked for, the one open last, or a new one.
     ///
-    /// A file that can't be opened is told on the window, and the new budget stays open.
+    /// A file that can't be opened is told on the window, over a new budget.
+    /// \throws storage::DocumentError when not even a new budget can be begun, on a full disk for example
     void start();
 
     tlm::desktop_ui::MainWindow& window() { return window_; }
