@@ -2,7 +2,6 @@
 
 #include <storage/DocumentError.h>
 #include <tlm/budgeting/WorkingWeek.h>
-#include <tlm/foundation/Error.h>
 
 #include <QFile>
 #include <QSignalSpy>
@@ -72,48 +71,6 @@ TEST_F(SessionTest, KeepsItsChangesWhenTheOpenFileCannotBeReadAgain)
 
     EXPECT_EQ(session.household().content(), changed);
     EXPECT_TRUE(session.isDirty());
-}
-
-class RuleBreakingFileTest : public SessionTest
-{
-protected:
-    /// A sound file whose items are in a currency that its settings don't allow.
-    void breakRules(QString const& path)
-    {
-        auto content = engine::sampleHousehold(QDate::currentDate());
-        content.settings.usable = {fiscora::Currency::JPY};
-        content.settings.preferred = fiscora::Currency::JPY;
-        storage::Document::create(session.places(), content)->saveAs(path);
-    }
-};
-
-TEST_F(RuleBreakingFileTest, IsRefusedAndTheOpenBudgetStays)
-{
-    auto const before = session.household().content();
-    breakRules(home.path("odd.budget"));
-
-    EXPECT_THROW(session.open(home.path("odd.budget")), tlm::foundation::Error);
-
-    EXPECT_EQ(session.household().content(), before);
-    EXPECT_TRUE(session.document().filePathName().isEmpty());
-}
-
-TEST_F(RuleBreakingFileTest, IsRefusedWhenReadAgainAndTheChangesStay)
-{
-    auto const path = writeSample("sample.budget");
-    session.open(path);
-    changeSomething();
-    auto const changed = session.household().content();
-    breakRules(home.path("odd.budget"));
-    ASSERT_TRUE(QFile::remove(path));
-    ASSERT_TRUE(QFile::rename(home.path("odd.budget"), path));
-
-    EXPECT_THROW(session.open(path), tlm::foundation::Error);
-
-    EXPECT_EQ(session.household().content(), changed);
-    EXPECT_EQ(session.document().content(), changed);
-    changeSomething();
-    EXPECT_EQ(session.document().content(), session.household().content());
 }
 
 TEST_F(SessionTest, ChangesAreInTheFileOnceSaved)

@@ -113,7 +113,7 @@ TEST_F(CrashTest, EveryCallOfASaveMayBeTheLast)
     EXPECT_GT(calls, 50);
 }
 
-class FaultTest : public CrashTest, public ::testing::WithParamInterface<std::tuple<char const*, int>>
+class FaultTest : public CrashTest, public ::testing::WithParamInterface<std::tuple<std::string, int>>
 {};
 
 TEST_P(FaultTest, ACallThatFailsOnceLosesNothing)
@@ -121,7 +121,8 @@ TEST_P(FaultTest, ACallThatFailsOnceLosesNothing)
     auto const [task, error] = GetParam();
     QProcess driver;
     driver.setProcessEnvironment(underShim());
-    driver.start(STORAGE_DRIVER, {"fault", folder.filePath("data"), at("home.budget"), task, QString::number(error)});
+    driver.start(STORAGE_DRIVER, {"fault", folder.filePath("data"), at("home.budget"), QString::fromStdString(task),
+                                  QString::number(error)});
     ASSERT_TRUE(driver.waitForFinished(100'000));
 
     EXPECT_EQ(driver.exitStatus(), QProcess::NormalExit);
@@ -130,6 +131,7 @@ TEST_P(FaultTest, ACallThatFailsOnceLosesNothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, FaultTest,
-                         ::testing::Combine(::testing::Values("change", "save", "saveAs"),
+                         ::testing::Combine(::testing::Values(std::string("change"), std::string("save"),
+                                                              std::string("saveAs")),
                                             ::testing::Values(ENOSPC, EIO)));
 }

@@ -241,8 +241,8 @@ TEST_F(DocumentTest, ReloadingGivesUpChangesAndReadsTheFileAnew)
     plan(*document, numberedBill(1));
     writeBytes(at("home.budget"), bytesOf(at("other.budget")));
 
-    BudgetContent examined;
-    document->reload([&](BudgetContent const& content) { examined = content; });
+    engine::BudgetContent examined;
+    document->reload([&](engine::BudgetContent const& content) { examined = content; });
 
     EXPECT_EQ(examined, billsOnly(3));
     EXPECT_EQ(document->content(), billsOnly(3));
@@ -256,7 +256,8 @@ TEST_F(DocumentTest, AFileThatIsRefusedOnReloadLeavesTheContent)
     plan(*document, numberedBill(1));
     auto const content = document->content();
 
-    EXPECT_THROW(document->reload([](BudgetContent const&) { throw std::range_error("too odd"); }), std::range_error);
+    EXPECT_THROW(document->reload([](engine::BudgetContent const&) { throw std::range_error("too odd"); }),
+                 std::range_error);
 
     EXPECT_EQ(document->content(), content);
     EXPECT_TRUE(document->isDirty());
@@ -270,7 +271,7 @@ TEST_F(DocumentTest, AFileThatCannotBeReloadedLeavesTheContent)
     auto const content = document->content();
     writeBytes(at("home.budget"), "rubbish");
 
-    EXPECT_NE(refusalOf([&] { document->reload([](BudgetContent const&) {}); }), QString());
+    EXPECT_NE(refusalOf([&] { document->reload([](engine::BudgetContent const&) {}); }), QString());
 
     EXPECT_EQ(document->content(), content);
     EXPECT_TRUE(document->isDirty());
