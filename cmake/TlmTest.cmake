@@ -18,7 +18,10 @@ function(tlm_add_test name)
         set(platform xcb)
         set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tools/with-display)
     endif()
-    set(properties TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT QT_QPA_PLATFORM=${platform})
+    # Suppressions mean something to the leak sanitizer alone.
+    set(leaks suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0)
+    set(properties TIMEOUT ${ARG_TIMEOUT}
+        ENVIRONMENT QT_QPA_PLATFORM=${platform} ENVIRONMENT_MODIFICATION LSAN_OPTIONS=set:${leaks})
     if(ARG_LABELS)
         list(APPEND properties LABELS ${ARG_LABELS})
     endif()

@@ -1,8 +1,8 @@
 #include <program/Application.h>
 
 #include <QPushButton>
-#include <QTest>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <support/Dialogs.h>
@@ -24,10 +24,13 @@ void hear(QtMsgType type, QMessageLogContext const& /*context*/, QString const& 
 class ApplicationTest : public ::testing::Test
 {
 protected:
-    ApplicationTest()
+    ApplicationTest() { logged.clear(); }
+
+    /// Has the event loop call \a slot. Not by a click, on whose way through Qt an exception leaks what Qt allocated.
+    static void run(std::function<void()> const& slot)
     {
-        logged.clear();
-        button.show();
+        QMetaObject::invokeMethod(qApp, slot, Qt::QueuedConnection);
+        QCoreApplication::processEvents();
     }
 
     /// Text of the message box that is on screen, which is then closed.
@@ -41,15 +44,11 @@ protected:
         box->button(QMessageBox::Ok)->click();
         return text;
     }
-
-    QPushButton button;
 };
 
 TEST_F(ApplicationTest, WhatLeavesASlotIsToldAndLogged)
 {
-    QObject::connect(&button, &QPushButton::clicked, [] { throw std::runtime_error("Zürich has no rate."); });
-
-    QTest::mouseClick(&button, Qt::LeftButton);
+    run([] { throw std::runtime_error("Zürich has no rate."); });
 
     EXPECT_TRUE(readBox().contains("Zürich has no rate."));
     ASSERT_EQ(logged.size(), 1);
@@ -58,9 +57,7 @@ TEST_F(ApplicationTest, WhatLeavesASlotIsToldAndLogged)
 
 TEST_F(ApplicationTest, WhatIsNoExceptionIsToldToo)
 {
-    QObject::connect(&button, &QPushButton::clicked, [] { throw 7; });
-
-    QTest::mouseClick(&button, Qt::LeftButton);
+    run([] { throw 7; });
 
     EXPECT_TRUE(readBox().contains("cause"));
     EXPECT_EQ(logged.size(), 1);
@@ -68,18 +65,18 @@ TEST_F(ApplicationTest, WhatIsNoExceptionIsToldToo)
 
 TEST_F(ApplicationTest, TheProgramGoesOnAfterAFailure)
 {
-    auto clicks = 0;
-    QObject::connect(&button, &QPushButton::clicked, [&clicks] {
-        if (++clicks == 1) {
+    auto runs = 0;
+    auto const failOnce = [&runs] {
+        if (++runs == 1) {
             throw std::runtime_error("once");
         }
-    });
+    };
 
-    QTest::mouseClick(&button, Qt::LeftButton);
+    run(failOnce);
     readBox();
-    QTest::mouseClick(&button, Qt::LeftButton);
+    run(failOnce);
 
-    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(runs, 2);
     EXPECT_EQ(logged.size(), 1);
 }
 }
