@@ -24,7 +24,6 @@ using tlm::adviser::BudgetHealth;
 using tlm::budgeting::BudgetItemAmountDue;
 using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
-using tlm::budgeting::BudgetSource;
 using tlm::budgeting::BudgetTotals;
 using tlm::budgeting::EventFrequency;
 using tlm::conversion::ConversionMap;

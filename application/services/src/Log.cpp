@@ -12,7 +12,7 @@ namespace tallymere::services {
 
 namespace {
 
-constexpr std::size_t mostBytes = 1024 * 1024;
+constexpr std::size_t mostBytes = 1 << 20; // a mebibyte
 constexpr std::size_t mostOldFiles = 3;
 
 QtMessageHandler handlerBefore = nullptr;

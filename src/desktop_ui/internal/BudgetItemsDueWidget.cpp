@@ -11,6 +11,8 @@ namespace {
 
 using std::chrono::days;
 
+constexpr Qt::GlobalColor overdue = Qt::darkRed;
+
 enum Column : int
 {
     itemColumn,
@@ -26,6 +28,11 @@ public:
         if (pressing) {
             setBackground(*pressing);
             setForeground(Qt::black);
+        }
+        if (pressing == QColor(overdue)) {
+            auto bold = font();
+            bold.setBold(true); // black on dark red is hard to read
+            setFont(bold);
         }
     }
 
@@ -60,7 +67,7 @@ private:
 std::optional<QColor> pressingColour(days const& left, days const& dueWithin)
 {
     if (left < days(0)) {
-        return Qt::darkRed;
+        return overdue;
     }
     if (left == days(0)) {
         return Qt::red;

@@ -1,7 +1,6 @@
 #include "StorageTest.h"
 
 #include <SQLiteCpp/Database.h>
-#include <ctime>
 #include <sys/stat.h>
 
 namespace tallymere::storage {
@@ -321,20 +320,4 @@ TEST_F(DocumentTest, TheFileTellsWhatItIs)
     EXPECT_EQ(number("SELECT unit FROM currencies WHERE code = 'KWD'"), 100'000);
 }
 
-TEST_F(DocumentTest, TenThousandItemsCostNoMoreThanTheirShare)
-{
-    auto const costOf = [this](int count) {
-        auto const name = at(QStringLiteral("%1.budget").arg(count));
-        auto const content = billsOnly(count);
-        auto const start = std::clock();
-        save(name, content);
-        EXPECT_EQ(Document::open(places, name)->content().items.size(), static_cast<std::size_t>(count));
-        return static_cast<double>(std::clock() - start);
-    };
-
-    auto const few = costOf(2'500);
-    auto const many = costOf(10'000);
-
-    EXPECT_LT(many, few * 8);
-}
 }
