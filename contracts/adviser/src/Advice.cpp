@@ -129,7 +129,7 @@ QString Advice::onNontracks() const
     if (plan_.nontracks() <= 0) {
         return {};
     }
-    auto const share = tr("Nontracks take %1 of wages.").arg(percentOf(plan_.nontracks()));
+    auto share = tr("Nontracks take %1 of wages.").arg(percentOf(plan_.nontracks()));
     if (plan_.shareOf(plan_.nontracks()) <= 0.2) {
         return share;
     }
@@ -141,8 +141,8 @@ QString Advice::onDebts() const
     if (plan_.debts() <= 0 && plan_.stillOwed() <= 0) {
         return tr("No debts are planned, so no wages go to lenders.");
     }
-    auto const burden = tr("Debt payments take %1 of wages, and the %2 still owed come to %3 of a year's wages.")
-                            .arg(percentOf(plan_.debts()), amount(plan_.stillOwed()), percent(plan_.yearsOwed()));
+    auto burden = tr("Debt payments take %1 of wages, and the %2 still owed come to %3 of a year's wages.")
+                      .arg(percentOf(plan_.debts()), amount(plan_.stillOwed()), percent(plan_.yearsOwed()));
     if (plan_.shareOf(plan_.debts()) <= 0.1) {
         return burden;
     }

@@ -25,7 +25,7 @@ struct YearlyCount
 
 constexpr YearlyCount weeks(int apart)
 {
-    return {521'775, 10'000 * apart};
+    return {521'775, 10'000LL * apart};
 }
 
 constexpr YearlyCount months(int apart)

@@ -56,7 +56,7 @@ QString toDisplayable(fiscora::Currency const& code, CurrencyDisplayOptions opti
         return {};
     }
     // The code stands first, where a list finds it by typing. No brackets, since captions put these texts into some.
-    auto const text = QString::fromStdString(fiscora::toStdString(code));
+    auto text = QString::fromStdString(fiscora::toStdString(code));
     switch (option) {
     case CurrencyDisplayOptions::Code:
         return text;
