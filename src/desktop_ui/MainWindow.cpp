@@ -13,8 +13,6 @@
 
 namespace tlm::desktop_ui {
 
-using foundation::QtPtr;
-
 namespace {
 
 /// How long the event loop is let run before a handler's consequence starts.

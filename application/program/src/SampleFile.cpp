@@ -10,8 +10,7 @@ namespace tallymere::program {
 QString sampleFile(storage::Places const& places, QString const& folder, QDate const& today)
 {
     QDir().mkpath(folder);
-    auto const path =
-        QDir(folder).filePath(QStringLiteral("Sample household %1.budget").arg(today.toString(Qt::ISODate)));
+    auto path = QDir(folder).filePath(QStringLiteral("Sample household %1.budget").arg(today.toString(Qt::ISODate)));
     if (!QFileInfo::exists(path)) {
         storage::Document::create(places, engine::sampleHousehold(today))->saveAs(path);
     }

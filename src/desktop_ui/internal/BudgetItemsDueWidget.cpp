@@ -38,7 +38,7 @@ public:
 
     QVariant data(int role) const override
     {
-        auto const own = QTableWidgetItem::data(role);
+        auto own = QTableWidgetItem::data(role);
         if (role == Qt::BackgroundRole && !own.isValid() && tableWidget() != nullptr) {
             return tableWidget()->palette().brush(QPalette::Base);
         }
