@@ -28,7 +28,9 @@ TEST_F(DashboardJourneyTest, TheSampleHouseholdShowsWhatFallsDueItsHealthAndItsT
     EXPECT_EQ(find<QDial>("budgetHealthDl").value(), static_cast<int>(health.percent()));
     EXPECT_EQ(find<QLabel>("budgetHealthStatusLbl").text(),
               "Status: " + tlm::adviser::presentationText(health.status()));
-    EXPECT_EQ(find<QTextEdit>("infoTxtdt").toPlainText(), health.information().join("\n\n"));
+    // Some locales keep a number and its percent sign together with a blank that a plain text gives up.
+    auto const advice = health.information().join("\n\n").replace(QChar::Nbsp, ' ');
+    EXPECT_EQ(find<QTextEdit>("infoTxtdt").toPlainText(), advice);
     auto const& totals = find<QTableWidget>("monthlyTotalsTblwdgt");
     for (int row = 0; row < 5; ++row) {
         EXPECT_GT(totals.item(row, 0)->text().size(), 3) << row;
