@@ -1,4 +1,5 @@
 #include "support/LocaleForScope.h"
+#include "support/Properties.h"
 
 #include <fiscora/MoneyParts.h>
 #include <tlm/foundation/PresentationText.h>
@@ -9,6 +10,7 @@
 
 using namespace fiscora;
 using tlm::foundation::presentationText;
+using tlm::testing::expectAlways;
 using tlm::testing::LocaleForScope;
 
 namespace {
@@ -19,13 +21,6 @@ Money readBack(QString const& text, Currency code)
     auto const point = QLocale().decimalPoint().at(0).toLatin1();
     auto const parts = split((text + presentationText(code)).toStdString(), point);
     return {parts.code(), parts.major(), parts.minorOnly().value_or(0), parts.subMinor()};
-}
-
-/// A test of a property must fail as other tests do.
-template <typename Property>
-void expectAlways(Property const& property)
-{
-    EXPECT_TRUE(rc::check(property));
 }
 
 rc::Gen<Currency> anyCurrency()
