@@ -10,9 +10,9 @@ namespace {
 constexpr foundation::NamedValues<BankAccountTypes, 6>
     names("tlm::banking", {{{BankAccountTypes::Unspecified, QT_TRANSLATE_NOOP("tlm::banking", "Unspecified")},
                             {BankAccountTypes::Checking, QT_TRANSLATE_NOOP("tlm::banking", "Checking")},
-                            {BankAccountTypes::Savings, QT_TRANSLATE_NOOP("tlm::banking", "Savings")},
                             {BankAccountTypes::CreditCard, QT_TRANSLATE_NOOP("tlm::banking", "Credit Card")},
                             {BankAccountTypes::Loan, QT_TRANSLATE_NOOP("tlm::banking", "Loan")},
+                            {BankAccountTypes::Savings, QT_TRANSLATE_NOOP("tlm::banking", "Savings")},
                             {BankAccountTypes::Goal, QT_TRANSLATE_NOOP("tlm::banking", "Goal")}}});
 }
 

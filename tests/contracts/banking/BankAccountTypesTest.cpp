@@ -64,6 +64,13 @@ TEST(BankAccountTypesLedgerTest, GoalsAreStoredWhereTheBankOwesTheHousehold)
     EXPECT_EQ(keptAs(1), (std::set{BankAccountTypes::Checking, BankAccountTypes::Savings, BankAccountTypes::Goal}));
 }
 
+TEST(BankAccountTypesLedgerTest, MoneyForEverydayUseAndForRainyDaysStandsUnderOneAndFour)
+{
+    // Forms that store a goal's money offer the accounts of these two values.
+    EXPECT_EQ(static_cast<int>(BankAccountTypes::Checking), 1);
+    EXPECT_EQ(static_cast<int>(BankAccountTypes::Savings), 4);
+}
+
 TEST(BankAccountTypesLedgerTest, DebtsArePaidWhereTheHouseholdOwesTheBank)
 {
     EXPECT_EQ(keptAs(4), (std::set{BankAccountTypes::CreditCard, BankAccountTypes::Loan}));

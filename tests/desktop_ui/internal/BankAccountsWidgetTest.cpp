@@ -48,7 +48,7 @@ TEST_F(BankAccountsWidgetTest, OffersOnlyTypesUntilItIsFilled)
     EXPECT_THAT(rows(child<QComboBox>(bare, "bankCmbbx")), ElementsAre(""));
     EXPECT_THAT(rows(child<QComboBox>(bare, "accountCmbbx")), ElementsAre(""));
     EXPECT_THAT(rows(child<QComboBox>(bare, "typeCmbbx")),
-                ElementsAre("", "Checking", "Savings", "Credit Card", "Loan", "Goal"));
+                ElementsAre("", "Checking", "Credit Card", "Loan", "Savings", "Goal"));
     EXPECT_THAT(bare.banks(), IsEmpty());
     EXPECT_THAT(bare.codes(), IsEmpty());
 }
@@ -90,7 +90,7 @@ TEST_F(BankAccountsWidgetTest, OffersTypesAnewInSilence)
 
     widget.setTypes({Types::Loan, Types::Unspecified, Types::Savings});
 
-    EXPECT_THAT(rows(type), ElementsAre("", "Unspecified", "Savings", "Loan"));
+    EXPECT_THAT(rows(type), ElementsAre("", "Unspecified", "Loan", "Savings"));
     EXPECT_EQ(widget.type(), std::nullopt);
     EXPECT_THAT(heard, IsEmpty());
 }

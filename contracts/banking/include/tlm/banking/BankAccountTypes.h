@@ -12,9 +12,9 @@ enum class BankAccountTypes : unsigned int
 {
     Unspecified = 0, ///< no kind has been chosen
     Checking = 1,
-    Savings = 2,
-    CreditCard = 3,
-    Loan = 4,
+    CreditCard = 2,
+    Loan = 3,
+    Savings = 4,
     Goal = 5 ///< money set aside within a bank for a goal; never has a parent account
 };
 
