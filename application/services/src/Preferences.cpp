@@ -7,6 +7,15 @@ namespace {
 auto const accountingKey = QStringLiteral("isAccounting");
 auto const lastFileKey = QStringLiteral("lastFile");
 auto const geometryKey = QStringLiteral("windowGeometry");
+
+/// Writes only what is new: each write has the whole file written and synced again.
+template <typename Value>
+void keep(QSettings& settings, QString const& key, Value const& value)
+{
+    if (!settings.contains(key) || settings.value(key).template value<Value>() != value) {
+        settings.setValue(key, value);
+    }
+}
 }
 
 bool Preferences::isAccounting() const
@@ -16,7 +25,7 @@ bool Preferences::isAccounting() const
 
 void Preferences::setAccounting(bool isAccounting)
 {
-    settings_.setValue(accountingKey, isAccounting);
+    keep(settings_, accountingKey, isAccounting);
 }
 
 QString Preferences::lastFile() const
@@ -26,7 +35,7 @@ QString Preferences::lastFile() const
 
 void Preferences::setLastFile(QString const& filePathName)
 {
-    settings_.setValue(lastFileKey, filePathName);
+    keep(settings_, lastFileKey, filePathName);
 }
 
 QByteArray Preferences::windowGeometry() const
@@ -36,6 +45,6 @@ QByteArray Preferences::windowGeometry() const
 
 void Preferences::setWindowGeometry(QByteArray const& geometry)
 {
-    settings_.setValue(geometryKey, geometry);
+    keep(settings_, geometryKey, geometry);
 }
 }

@@ -43,5 +43,30 @@ TEST_F(PreferencesTest, AreThereAtTheNextStart)
     EXPECT_EQ(next.lastFile(), "/home/family.budget");
     EXPECT_EQ(next.windowGeometry(), "geometry");
 }
+
+TEST_F(PreferencesTest, ThatStayTheSameLeaveTheirFileAlone)
+{
+    auto const keep = [](Preferences& preferences) {
+        preferences.setAccounting(false);
+        preferences.setLastFile("/home/family.budget");
+        preferences.setWindowGeometry(QByteArray("geo\0metry", 9));
+    };
+    {
+        Preferences preferences;
+        keep(preferences);
+    }
+    QFile file(QSettings().fileName());
+    ASSERT_TRUE(file.setPermissions(QFile::ReadOwner));
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    QDateTime const longAgo(QDate(2001, 2, 3), QTime(4, 5));
+    ASSERT_TRUE(file.setFileTime(longAgo, QFile::FileModificationTime));
+
+    {
+        Preferences preferences;
+        keep(preferences);
+    }
+
+    EXPECT_EQ(QFileInfo(file.fileName()).lastModified(), longAgo);
+}
 }
 }
