@@ -1,11 +1,15 @@
 #include <program/Application.h>
+#include <program/Style.h>
 
 #include <QDebug>
 #include <QMessageBox>
 
 namespace tallymere::program {
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+{
+    setStyle(new Style); // which the application owns from here on
+}
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {

@@ -5,14 +5,17 @@
 #include <QIcon>
 #include <QMainWindow>
 #include <QMenu>
-#include <QRegularExpression>
+#include <QTimer>
 #include <QToolBar>
 
 #include <algorithm>
+#include <chrono>
 
 namespace tallymere::program {
 
 namespace {
+
+constexpr std::chrono::milliseconds windowIconLater{100};
 
 struct ActionIcon
 {
@@ -88,11 +91,11 @@ QString plainText(QAction const& action)
 }
 
 /// Tool bars carry actions of their own: each wears the icon of the menu's action of the same text.
-void dress(QToolBar& bar, QList<QAction*> const& menuActions)
+void dress(QToolBar& bar, QList<QAction*> const& actions)
 {
     bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     for (auto* const action : bar.actions()) {
-        for (auto const* const model : menuActions) {
+        for (auto const* const model : actions) {
             if (auto const* const entry = entryOf(*model);
                 entry != nullptr && plainText(*model) == plainText(*action)) {
                 action->setIcon(iconOf(*entry));
@@ -104,13 +107,14 @@ void dress(QToolBar& bar, QList<QAction*> const& menuActions)
 
 void dress(QMainWindow& window)
 {
-    QApplication::setWindowIcon(own("tallymere"));
+    // The window manager gets the picture in many sizes, which is no reason to keep a person from the window itself.
+    QTimer::singleShot(windowIconLater, &window, [] { QApplication::setWindowIcon(own("tallymere")); });
     for (auto* const menu : window.findChildren<QMenu*>()) {
         dressOnceOpened(*menu);
     }
-    auto const menuActions = window.findChildren<QAction*>(QRegularExpression(QStringLiteral("Actn$")));
+    auto const actions = window.findChildren<QAction*>();
     for (auto* const bar : window.findChildren<QToolBar*>()) {
-        dress(*bar, menuActions);
+        dress(*bar, actions);
     }
 }
 }

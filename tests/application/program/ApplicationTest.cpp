@@ -1,11 +1,14 @@
 #include <program/Application.h>
 
 #include <QPushButton>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <support/Dialogs.h>
+#include <support/Widgets.h>
 
 namespace tallymere::program {
 namespace {
@@ -53,6 +56,15 @@ TEST_F(ApplicationTest, WhatLeavesASlotIsToldAndLogged)
     EXPECT_TRUE(readBox().contains("Zürich has no rate."));
     ASSERT_EQ(logged.size(), 1);
     EXPECT_TRUE(logged.constFirst().contains("Zürich has no rate."));
+}
+
+TEST_F(ApplicationTest, ToolBarsWearTheProgramsArrow)
+{
+    QToolBar const bar;
+
+    auto const& arrow = tlm::testing::child<QToolButton>(bar, "qt_toolbar_ext_button");
+
+    EXPECT_EQ(arrow.icon().pixmap(QSize(64, 64), 1.0).size(), QSize(64, 64)) << "the platform's own is small";
 }
 
 TEST_F(ApplicationTest, WhatIsNoExceptionIsToldToo)
