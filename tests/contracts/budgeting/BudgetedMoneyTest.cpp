@@ -91,6 +91,11 @@ TEST(BudgetedMoneyTest, KeepsWhatItIsMadeOf)
     EXPECT_EQ(wage.nextOccurOn(), day);
 }
 
+TEST(BudgetedMoneyTest, TheInterestOfANewDebtHasRoomForDecimals)
+{
+    EXPECT_EQ(Debt().interest(), tlm::foundation::Percentage(0.0, 2));
+}
+
 TEST(BudgetedMoneyTest, DebtsAndGoalsSurviveTheWayThroughTheBase)
 {
     std::unique_ptr<BudgetedMoney> const debt = std::make_unique<Debt>(

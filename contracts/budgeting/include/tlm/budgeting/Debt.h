@@ -24,6 +24,6 @@ private:
     std::strong_ordering compareTerms(BudgetedMoney const& other) const override;
 
     fiscora::Money borrowed_;
-    foundation::Percentage interest_;
+    foundation::Percentage interest_{0.0, 2}; // two decimals, as forms show what banks tell
 };
 }
