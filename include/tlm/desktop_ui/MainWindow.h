@@ -41,8 +41,10 @@ Q_MOC_INCLUDE("tlm/budgeting/BudgetItemIdentifier.h")
 Q_MOC_INCLUDE("tlm/budgeting/BudgetSource.h")
 Q_MOC_INCLUDE("tlm/budgeting/BudgetTotals.h")
 Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoney.h")
+Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoneyMap.h")
 Q_MOC_INCLUDE("tlm/conversion/ConversionMap.h")
 Q_MOC_INCLUDE("tlm/foundation/Percentage.h")
+Q_MOC_INCLUDE("tlm/navigation/BudgetBankAccount.h")
 Q_MOC_INCLUDE("tlm/navigation/GuiElementIdentifier.h")
 Q_MOC_INCLUDE("tlm/surveying/DistributedAmount.h")
 Q_MOC_INCLUDE("tlm/surveying/IndexedIncreaseDecreases.h")
@@ -336,6 +338,37 @@ public slots:
     void onShowDashboard(budgeting::BudgetTotals const& bt, std::vector<budgeting::BudgetItemAmountDue> const& due,
                          adviser::BudgetHealth const& bh, std::chrono::days dueWithin, fiscora::Currency preferred,
                          navigation::CurrencyDisplayOptions displayAs);
+
+    /// \name Planning
+    /// Each replaces the central view by one that plans all budget items of a kind, those given, or a new one when
+    /// there are none.
+    /// \param preferred the currency of the total
+    /// \param usableCurrencies currencies that amounts may be entered in
+    ///@{
+    void onShowBills(budgeting::BillMap const& bills, fiscora::Currency preferred,
+                     std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
+    /// \param accounts which account each debt was borrowed from, where that is known
+    /// \param codes of all accounts that \a accounts tell of
+    /// \param banks that may be chosen
+    void onShowDebts(budgeting::DebtMap const& debts, std::set<navigation::BudgetBankAccount> const& accounts,
+                     std::set<accounting::AccountCode> const& codes, std::set<banking::BankName> const& banks,
+                     fiscora::Currency preferred, std::set<fiscora::Currency> const& usableCurrencies,
+                     navigation::CurrencyDisplayOptions displayAs);
+    /// Emits lookUpBankAccounts() for each goal that \a accounts tell of, while the view is being built.
+    /// \param accounts which account each goal is stored in, where that is known
+    /// \param codes of all accounts that an answer to a look-up may tell of
+    /// \param banks that may be chosen
+    /// \param wagesTotal all wages per month, in \a preferred
+    void onShowGoals(budgeting::GoalMap const& goals, std::set<navigation::BudgetBankAccount> const& accounts,
+                     std::set<accounting::AccountCode> const& codes, std::set<banking::BankName> const& banks,
+                     fiscora::Currency preferred, std::set<fiscora::Currency> const& usableCurrencies,
+                     navigation::CurrencyDisplayOptions displayAs, fiscora::Money const& wagesTotal);
+    void onShowNontracks(budgeting::NontrackMap const& nontracks, fiscora::Currency preferred,
+                         std::set<fiscora::Currency> const& usableCurrencies,
+                         navigation::CurrencyDisplayOptions displayAs);
+    void onShowWages(budgeting::WageMap const& wages, fiscora::Currency preferred,
+                     std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
+    ///@}
 
 protected:
     void closeEvent(QCloseEvent* event) override;

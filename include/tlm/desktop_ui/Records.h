@@ -24,12 +24,17 @@ class BankName;
 struct ReconciledBalance;
 }
 namespace tlm::budgeting {
+struct BillMap;
 struct BudgetItemAmountDue;
 struct BudgetItemDueIdentifier;
 struct BudgetItemIdentifier;
 class BudgetSource;
 struct BudgetTotals;
 class BudgetedMoney;
+struct DebtMap;
+struct GoalMap;
+struct NontrackMap;
+struct WageMap;
 }
 namespace tlm::conversion {
 class ConversionMap;
@@ -38,6 +43,7 @@ namespace tlm::foundation {
 class Percentage;
 }
 namespace tlm::navigation {
+struct BudgetBankAccount;
 class GuiElementIdentifier;
 }
 namespace tlm::surveying {
