@@ -1,63 +1,27 @@
 #include "engine/Household.h"
 
+#include "Chart.h"
 #include "HouseholdRules.h"
+#include "ItemAccounts.h"
+#include "Plan.h"
 
-#include <engine/Recurrence.h>
-#include <fiscora/Accumulate.h>
 #include <fiscora/Conversions.h>
-#include <tlm/adviser/Assess.h>
-#include <tlm/budgeting/Accumulate.h>
-#include <tlm/foundation/Error.h>
+#include <tlm/budgeting/WorkingWeek.h>
 
-#include <QCoreApplication>
-#include <QDebug>
-
-#include <algorithm>
 #include <stdexcept>
-#include <tuple>
 #include <utility>
 
 using fiscora::Currency;
 using fiscora::FloatingPoint;
-using fiscora::Money;
-using tlm::adviser::BudgetHealth;
-using tlm::budgeting::BudgetItemAmountDue;
+using tlm::banking::BankAccount;
 using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
-using tlm::budgeting::BudgetTotals;
-using tlm::budgeting::EventFrequency;
+using tlm::budgeting::BudgetSource;
 using tlm::conversion::ConversionMap;
-using tlm::foundation::Error;
 
 namespace tallymere::engine {
 
 namespace {
-
-using RunningTotals = std::map<Currency, Money>;
-
-void include(RunningTotals& totals, Money const& amount)
-{
-    totals.try_emplace(amount.code(), amount.code()).first->second += amount;
-}
-
-Money total(RunningTotals const& totals, Currency preferred)
-{
-    return fiscora::math::detail::accumulateRunningTotals(preferred, totals);
-}
-
-/// Runs \a sum, which counts money.
-/// \throws foundation::Error instead of std::overflow_error
-template <typename Sum>
-auto counted(Sum sum)
-{
-    try {
-        return sum();
-    } catch (std::overflow_error const& overflow) {
-        throw Error(QCoreApplication::translate("Household", "The budget's amounts add up to more than can be counted. "
-                                                             "Plan smaller ones, or correct the exchange rates."),
-                    overflow);
-    }
-}
 
 /// One unit of a currency is worth itself: the table of rates is whole only with its diagonal.
 ConversionMap withDiagonal(ConversionMap rates, std::set<Currency> const& usable)
@@ -68,63 +32,91 @@ ConversionMap withDiagonal(ConversionMap rates, std::set<Currency> const& usable
     return rates;
 }
 
-/// \return the amount of one day, which has several hours
-Money amountOfOccurrence(PlannedItem const& item)
+void checkKept(BudgetItemTypes type, std::optional<BankAccount> const& keptAt)
 {
-    return item.period == EventFrequency::Hourly
-               ? counted([&] { return accumulateOver(EventFrequency::Daily, item.amount, EventFrequency::Hourly); })
-               : item.amount;
-}
-
-bool isDueBefore(BudgetItemAmountDue const& left, BudgetItemAmountDue const& right)
-{
-    return std::tie(left.dueOn, left.type, left.source) < std::tie(right.dueOn, right.type, right.source);
+    if (keptAt && type != BudgetItemTypes::Debt && type != BudgetItemTypes::Goal) {
+        throw std::invalid_argument("Debts and goals alone are kept at banks.");
+    }
 }
 }
 
 Household::Household(BudgetContent content, Store& store) : content_(std::move(content)), store_(store)
 {
     rules::check(content_);
+    chart_ = std::make_unique<Chart>(content_.books);
+    plan_ = std::make_unique<Plan>(content_.items);
     countInProcess();
 }
+
+Household::~Household() = default;
 
 BudgetContent const& Household::content() const
 {
     return content_;
 }
 
-void Household::add(PlannedItem item)
+void Household::add(PlannedItem item, std::optional<BankAccount> const& keptAt, QDate const& openedOn)
 {
     item.identifier = rules::tidied(item.identifier);
     item.anchoredOn = item.nextOccurOn;
-    check(item, content_.items.end());
-    PlannedItems addition{{item.identifier, item}}; // made first: nothing can fail any more once the item is stored
+    item.account = {};
+    check(item);
+    rules::checkName(item.identifier);
+    checkUnused(item.identifier, nullptr);
+    checkKept(item.identifier.type, keptAt);
+    auto draft = chart_->draft();
+    item.account = ItemAccounts(*chart_, *plan_).open(draft, item, keptAt, openedOn);
+    Plan::Addition addition(item); // made first: nothing can fail any more once the item is stored
 
-    store_.transact([&] { store_.add(item); });
-    content_.items.merge(addition);
+    store_.transact([&] { draft.store(store_, [&] { store_.add(item); }); });
+    plan_->take(addition);
+    chart_->take(draft);
 }
 
-void Household::change(BudgetItemIdentifier const& original, PlannedItem item)
+void Household::change(BudgetItemIdentifier const& original, PlannedItem item, std::optional<BankAccount> const& keptAt)
 {
-    auto const place = planned(original);
-    auto const& before = place->second;
+    auto const& before = planned(original);
     auto const keepsRhythm = item.period == before.period && item.nextOccurOn == before.nextOccurOn;
     item.identifier = rules::tidied(item.identifier);
     item.anchoredOn = keepsRhythm ? before.anchoredOn : item.nextOccurOn;
-    check(item, place);
-    PlannedItems changed{{item.identifier, item}};
+    item.account = before.account;
+    if (item.identifier.type != before.identifier.type) {
+        throw std::invalid_argument("An item keeps its type.");
+    }
+    check(item);
+    if (item.identifier != before.identifier) {
+        rules::checkName(item.identifier);
+        checkUnused(item.identifier, &before);
+    }
+    checkKept(item.identifier.type, keptAt);
+    auto draft = chart_->draft();
+    ItemAccounts(*chart_, *plan_).follow(draft, before, item, keptAt);
+    replace(before, item, draft);
+}
 
-    store_.transact([&] { store_.change(place->first, item); });
-    content_.items.erase(place);
-    content_.items.merge(changed);
+void Household::rename(BudgetItemIdentifier const& original, BudgetSource const& changed)
+{
+    auto const& before = planned(original);
+    auto after = before;
+    after.identifier = rules::tidied({before.identifier.type, changed});
+    rules::checkNamed(after.identifier);
+    rules::checkName(after.identifier);
+    checkUnused(after.identifier, &before);
+    auto draft = chart_->draft();
+    ItemAccounts(*chart_, *plan_).follow(draft, before, after, std::nullopt);
+    replace(before, after, draft);
 }
 
 void Household::remove(BudgetItemIdentifier const& identifier)
 {
-    auto const place = planned(identifier);
+    auto const& item = planned(identifier);
+    auto const account = item.account;
+    auto draft = chart_->draft();
+    ItemAccounts(*chart_, *plan_).drop(draft, item, store_);
 
-    store_.transact([&] { store_.remove(place->first); });
-    content_.items.erase(place);
+    store_.transact([&] { draft.store(store_, [&] { store_.remove(item.identifier); }); });
+    plan_->drop(account);
+    chart_->take(draft);
 }
 
 void Household::configure(Settings settings)
@@ -151,83 +143,41 @@ void Household::setRates(ConversionMap rates)
     countInProcess();
 }
 
-BudgetTotals Household::monthlyTotals() const
-{
-    std::map<BudgetItemTypes, RunningTotals> totals;
-    return counted([&] {
-        for (auto const& [identifier, item] : content_.items) {
-            if (item.period != EventFrequency::None) {
-                include(totals[identifier.type], accumulateOver(EventFrequency::Monthly, item.amount, item.period));
-            }
-        }
-        auto const of = [&](BudgetItemTypes type) { return total(totals[type], content_.settings.preferred); };
-        return BudgetTotals{of(BudgetItemTypes::Wage), of(BudgetItemTypes::Goal), of(BudgetItemTypes::Bill),
-                            of(BudgetItemTypes::Debt), of(BudgetItemTypes::Nontrack)};
-    });
-}
-
-std::vector<BudgetItemAmountDue> Household::due(QDate const& today) const
-{
-    auto const last = today.addDays(content_.settings.dueWithin.count());
-    std::vector<BudgetItemAmountDue> found;
-    for (auto const& [identifier, item] : content_.items) {
-        Recurrence const recurrence(item.period, item.anchoredOn, content_.settings.workingWeek);
-        auto const days = recurrence.between(item.nextOccurOn, last, mostDueOfOneItem_);
-        if (days.size() == mostDueOfOneItem_) {
-            qWarning() << "Of a long neglected budget item, only its first" << mostDueOfOneItem_
-                       << "are due:" << identifier;
-        }
-        for (auto const& day : days) {
-            found.push_back({{identifier, day}, amountOfOccurrence(item)});
-        }
-    }
-    std::sort(found.begin(), found.end(), isDueBefore);
-    return found;
-}
-
-BudgetHealth Household::health() const
-{
-    auto const stillOwed = counted([&] {
-        RunningTotals borrowed;
-        for (auto const& [identifier, item] : content_.items) {
-            if (item.debt) {
-                include(borrowed, item.debt->borrowed);
-            }
-        }
-        return total(borrowed, content_.settings.preferred);
-    });
-    return tlm::adviser::assess(monthlyTotals(), stillOwed);
-}
-
-/// \return the item of that name, the end when there is none
-PlannedItems::const_iterator Household::find(BudgetItemIdentifier const& tidied) const
-{
-    rules::ByName const isBefore;
-    return std::find_if(content_.items.begin(), content_.items.end(), [&](auto const& planned) {
-        return !isBefore(planned.first, tidied) && !isBefore(tidied, planned.first);
-    });
-}
-
+/// \return the item of that name
 /// \throws foundation::Error when nothing of that name is planned
-PlannedItems::const_iterator Household::planned(BudgetItemIdentifier const& identifier) const
+PlannedItem const& Household::planned(BudgetItemIdentifier const& identifier) const
 {
-    auto const tidied = rules::tidied(identifier);
-    auto const found = find(tidied);
-    if (found == content_.items.end()) {
-        rules::refuseUnknown(tidied);
+    auto const* const found = plan_->find(identifier);
+    if (found == nullptr) {
+        rules::refuseUnknown(rules::tidied(identifier));
     }
-    return found;
+    return *found;
 }
 
-/// \param replaced the item whose place \a item takes, the end for none
-void Household::check(PlannedItem const& item, PlannedItems::const_iterator replaced) const
+void Household::check(PlannedItem const& item) const
 {
     rules::check(item, content_.settings);
+    rules::checkRegular(item);
     rules::checkSize(item);
-    auto const namesake = find(item.identifier);
-    if (namesake != content_.items.end() && namesake != replaced) {
-        rules::refuseTwice(namesake->first);
+}
+
+/// \param replaced the item that may have the name, none for none
+void Household::checkUnused(BudgetItemIdentifier const& name, PlannedItem const* replaced) const
+{
+    auto const* const namesake = plan_->find(name);
+    if (namesake != nullptr && namesake != replaced) {
+        rules::refuseTwice(namesake->identifier);
     }
+}
+
+void Household::replace(PlannedItem const& before, PlannedItem const& after, BooksDraft& draft)
+{
+    Plan::Addition addition(after);
+
+    store_.transact([&] { draft.store(store_, [&] { store_.change(before.identifier, after); }); });
+    plan_->drop(after.account);
+    plan_->take(addition);
+    chart_->take(draft);
 }
 
 /// Views total by the process's rates and working week: makes them this budget's.

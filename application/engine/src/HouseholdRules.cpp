@@ -1,18 +1,26 @@
 #include "HouseholdRules.h"
 
+#include "BookRules.h"
+#include "PostingRules.h"
+#include "Refuse.h"
+
 #include <fiscora/Currency.h>
+#include <tlm/accounting/AccountCode.h>
 #include <tlm/budgeting/Accumulate.h>
 #include <tlm/foundation/Error.h>
 #include <tlm/foundation/PresentationText.h>
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 #include <set>
 #include <stdexcept>
 
 using fiscora::Currency;
 using fiscora::Money;
+using tlm::accounting::AccountCode;
 using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::BudgetSource;
@@ -125,9 +133,13 @@ void checkTerms(PlannedItem const& item)
     }
 }
 
-bool isCalendarDay(QDate const& day)
+/// \return \a name with plain blanks for all that can't stand in an account's name
+QString tidiedForAccount(QString const& name)
 {
-    return day.isValid() && isFrom(1, 9999, day.year());
+    auto tidied = QString::fromUtf8(name.toUtf8()); // leaves no half of a character
+    std::ranges::replace_if(
+        tidied, [](QChar sign) { return !isAccountName(QStringLiteral("x") + sign); }, u' ');
+    return tidied.simplified();
 }
 }
 
@@ -153,9 +165,8 @@ void check(ConversionMap const& rates)
 
 void check(PlannedItem const& item, Settings const& settings)
 {
-    auto const kind = noun(item.identifier.type);
+    checkNamed(item.identifier);
     auto const& name = item.identifier.source.name();
-    require(!name.trimmed().isEmpty(), tr("This %1 has no name. Give it one by which you will know it.").arg(kind));
     require(settings.usable.contains(item.amount.code()),
             item.amount.code() == Currency::XXX
                 ? tr("The amount of %1 has no currency. Choose one.").arg(name)
@@ -180,6 +191,48 @@ void checkSize(PlannedItem const& item)
     }
 }
 
+bool isAccountName(QString const& name)
+{
+    try {
+        return !AccountCode(name, std::nullopt).name().isEmpty();
+    } catch (Error const&) {
+        return false;
+    }
+}
+
+void checkNamed(BudgetItemIdentifier const& identifier)
+{
+    auto const kind = noun(identifier.type);
+    require(!identifier.source.name().trimmed().isEmpty(),
+            tr("This %1 has no name. Give it one by which you will know it.").arg(kind));
+}
+
+void checkName(BudgetItemIdentifier const& identifier)
+{
+    if (!isAccountName(identifier.source.name())) {
+        refuse(tr("The name of this %1 holds signs that can't be shown, such as a line break, or a blank of unusual "
+                  "width. Type the name anew.")
+                   .arg(noun(identifier.type)));
+    }
+}
+
+void checkRegular(PlannedItem const& item)
+{
+    if (item.period == EventFrequency::None) {
+        refuse(tr("%1 has no frequency. Choose how often it happens.").arg(item.identifier.source.name()));
+    }
+}
+
+QString accountName(BudgetItemIdentifier const& identifier)
+{
+    auto const& name = identifier.source.name();
+    if (isAccountName(name)) {
+        return name;
+    }
+    auto const tidied = tidiedForAccount(name);
+    return tidied.isEmpty() ? noun(identifier.type) : tidied;
+}
+
 void check(BudgetContent const& content)
 {
     check(content.settings, content.items);
@@ -193,6 +246,8 @@ void check(BudgetContent const& content)
             refuseTwice(identifier);
         }
     }
+    check(content.books);
+    checkAccounts(content.items, content.books);
 }
 
 BudgetItemIdentifier tidied(BudgetItemIdentifier const& identifier)

@@ -19,6 +19,22 @@ void check(PlannedItem const& item, Settings const& settings);
 /// Refuses an amount whose month leaves what a money can count.
 void checkSize(PlannedItem const& item);
 
+/// Tells whether an account can be called \a name.
+bool isAccountName(QString const& name);
+
+/// Refuses an item without a name or a type.
+void checkNamed(tlm::budgeting::BudgetItemIdentifier const& identifier);
+
+/// Refuses a name that the item's account can't have. Old files may hold one.
+void checkName(tlm::budgeting::BudgetItemIdentifier const& identifier);
+
+/// Refuses an item of which it isn't said how often it happens. Old files may hold one.
+void checkRegular(PlannedItem const& item);
+
+/// \return what the account of the item is called: as the item, with plain blanks for signs that an account's name can't
+///         have, or as its type where nothing else is left
+QString accountName(tlm::budgeting::BudgetItemIdentifier const& identifier);
+
 /// Refuses content that breaks any of these rules or plans an item twice.
 void check(BudgetContent const& content);
 

@@ -7,12 +7,22 @@
 #include <QDate>
 #include <QLocale>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
+#include <map>
+#include <optional>
 #include <utility>
+#include <vector>
 
 using fiscora::Currency;
 using fiscora::FloatingPoint;
 using fiscora::Money;
+using tlm::accounting::AccountNumber;
+using tlm::banking::Bank;
+using tlm::banking::BankAccount;
+using tlm::banking::BankAccountTypes;
+using tlm::banking::BankName;
 using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::BudgetSource;
@@ -25,7 +35,7 @@ namespace tallymere::engine {
 
 namespace {
 
-/// Lets everything pass: the sample lives in memory until a document takes it.
+/// Keeps the postings and lets everything else pass: the sample lives in memory until a document takes it.
 class OpenStore : public Store
 {
 public:
@@ -35,6 +45,36 @@ public:
     void add(PlannedItem const& /*item*/) override {}
     void change(BudgetItemIdentifier const& /*original*/, PlannedItem const& /*item*/) override {}
     void remove(BudgetItemIdentifier const& /*identifier*/) override {}
+    void add(BookAccount const& /*account*/) override {}
+    void change(AccountNumber const& /*original*/, BookAccount const& /*account*/) override {}
+    void remove(AccountNumber const& /*number*/) override {}
+    void add(Bank const& /*bank*/) override {}
+    void change(BankName const& /*original*/, Bank const& /*bank*/) override {}
+    void remove(BankName const& /*name*/) override {}
+    PostingId post(Posting const& posting) override
+    {
+        auto const latest = postings_.empty() ? PostingId() : postings_.rbegin()->first;
+        return postings_.emplace(PostingId{latest.value + 1}, posting).first->first;
+    }
+    void remove(PostingId const& id) override { postings_.erase(id); }
+    std::map<PostingId, Posting> postingsOf(AccountNumber const& number) const override
+    {
+        auto found = postings_;
+        std::erase_if(found, [&](auto const& entry) {
+            return entry.second.debiting != number && entry.second.crediting != number;
+        });
+        return found;
+    }
+
+    std::vector<Posting> postings() const
+    {
+        std::vector<Posting> found;
+        std::ranges::transform(postings_, std::back_inserter(found), [](auto const& entry) { return entry.second; });
+        return found;
+    }
+
+private:
+    std::map<PostingId, Posting> postings_;
 };
 
 /// Plans the sample's items, with dates that count from one day.
@@ -45,21 +85,23 @@ public:
 
     void plan(BudgetItemTypes type, QString const& name, Money const& amount, EventFrequency period, int dueIn)
     {
-        household_.add(item(type, name, amount, period, dueIn));
+        household_.add(item(type, name, amount, period, dueIn), std::nullopt, today_);
     }
 
-    void owe(QString const& name, Money const& payment, EventFrequency period, int dueIn, DebtTerms const& terms)
+    void owe(QString const& name, Money const& payment, EventFrequency period, int dueIn, DebtTerms const& terms,
+             BankAccount const& keptAt)
     {
         auto debt = item(BudgetItemTypes::Debt, name, payment, period, dueIn);
         debt.debt = terms;
-        household_.add(std::move(debt));
+        household_.add(std::move(debt), keptAt, today_);
     }
 
-    void saveFor(QString const& name, Money const& share, EventFrequency period, int dueIn, Money const& goalTotal)
+    void saveFor(QString const& name, Money const& share, EventFrequency period, int dueIn, Money const& goalTotal,
+                 std::optional<BankAccount> const& keptAt)
     {
         auto goal = item(BudgetItemTypes::Goal, name, share, period, dueIn);
         goal.goalTotal = goalTotal;
-        household_.add(std::move(goal));
+        household_.add(std::move(goal), keptAt, today_);
     }
 
 private:
@@ -128,18 +170,46 @@ void planBills(Planner& planner)
     bill(tr("Passports"), dollars(260), EventFrequency::EveryTenYears, 410);
 }
 
-void planDebts(Planner& planner)
+/// The household's banks with the accounts in which its goals are stored.
+struct Banks
 {
-    planner.owe(tr("Car loan"), dollars(268, 40), EventFrequency::Monthly, 8, {dollars(12'800), Percentage(5.9, 2)});
-    planner.owe(tr("Student loan"), dollars(142), EventFrequency::Monthly, -1, {dollars(16'500), Percentage(3.75, 2)});
+    BankName main{tr("Riverside Bank")};
+    BankName second{tr("Harbour Credit Union")};
+    BankAccount checking;
+    BankAccount savings;
+    BankAccount travels;
+};
+
+Banks openBanks(Household& household, QDate const& today)
+{
+    Banks banks;
+    household.addBank(banks.main);
+    household.addBank(banks.second);
+    auto const open = [&](BankName const& bank, QString const& name, BankAccountTypes type, Money const& balance) {
+        return BankAccount{bank, household.addBankAccount(bank, name, type, balance, today), type};
+    };
+    banks.checking = open(banks.main, tr("Everyday checking"), BankAccountTypes::Checking, dollars(2'318, 45));
+    banks.savings = open(banks.main, tr("Rainy day savings"), BankAccountTypes::Savings, dollars(4'150));
+    open(banks.main, tr("Credit card"), BankAccountTypes::CreditCard, dollars(386, 20));
+    banks.travels = open(banks.second, tr("Travel savings"), BankAccountTypes::Savings, euros(640));
+    return banks;
 }
 
-void planGoals(Planner& planner)
+void planDebts(Planner& planner, Banks const& banks)
 {
-    planner.saveFor(tr("Emergency fund"), dollars(110), EventFrequency::Fortnightly, 5, dollars(9'000));
-    planner.saveFor(tr("Summer in Portugal"), euros(135), EventFrequency::Monthly, 7, euros(2'400));
-    planner.saveFor(tr("Bicycle"), dollars(30), EventFrequency::TwiceMonthly, 12, dollars(850));
-    planner.saveFor(tr("Next car"), dollars(360), EventFrequency::Quarterly, 27, dollars(11'000));
+    auto const loanAt = [](BankName const& bank) { return BankAccount{bank, {}, BankAccountTypes::Loan}; };
+    planner.owe(tr("Car loan"), dollars(268, 40), EventFrequency::Monthly, 8, {dollars(12'800), Percentage(5.9, 2)},
+                loanAt(banks.main));
+    planner.owe(tr("Student loan"), dollars(142), EventFrequency::Monthly, -1, {dollars(16'500), Percentage(3.75, 2)},
+                loanAt(banks.second));
+}
+
+void planGoals(Planner& planner, Banks const& banks)
+{
+    planner.saveFor(tr("Emergency fund"), dollars(110), EventFrequency::Fortnightly, 5, dollars(9'000), banks.savings);
+    planner.saveFor(tr("Summer in Portugal"), euros(135), EventFrequency::Monthly, 7, euros(2'400), banks.travels);
+    planner.saveFor(tr("Bicycle"), dollars(30), EventFrequency::TwiceMonthly, 12, dollars(850), std::nullopt);
+    planner.saveFor(tr("Next car"), dollars(360), EventFrequency::Quarterly, 27, dollars(11'000), banks.checking);
 }
 
 void planNontracks(Planner& planner)
@@ -149,7 +219,7 @@ void planNontracks(Planner& planner)
 }
 }
 
-BudgetContent sampleHousehold(QDate const& today)
+NewBudget sampleHousehold(QDate const& today)
 {
     OpenStore store;
     Household household(emptyContent(QLocale(QLocale::English, QLocale::UnitedStates)), store);
@@ -160,9 +230,10 @@ BudgetContent sampleHousehold(QDate const& today)
     Planner planner(household, today);
     planWages(planner);
     planBills(planner);
-    planDebts(planner);
-    planGoals(planner);
+    auto const banks = openBanks(household, today);
+    planDebts(planner, banks);
+    planGoals(planner, banks);
     planNontracks(planner);
-    return household.content();
+    return {household.content(), store.postings()};
 }
 }

@@ -12,7 +12,8 @@ QString sampleFile(storage::Places const& places, QString const& folder, QDate c
     QDir().mkpath(folder);
     auto path = QDir(folder).filePath(QStringLiteral("Sample household %1.budget").arg(today.toString(Qt::ISODate)));
     if (!QFileInfo::exists(path)) {
-        storage::Document::create(places, engine::sampleHousehold(today))->saveAs(path);
+        auto const sample = engine::sampleHousehold(today);
+        storage::Document::create(places, sample.content, sample.postings)->saveAs(path);
     }
     return path;
 }

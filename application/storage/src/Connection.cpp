@@ -37,15 +37,16 @@ void harden(SQLite::Database& database)
         sqlite3_limit(database.getHandle(), limit, most);
     }
     database.exec("PRAGMA cell_size_check = ON");
-    database.exec("PRAGMA mmap_size = 0"); // a disk's fault is an error then, and not a signal
+    database.exec("PRAGMA cache_size = -32768"); // KiB at most: checks go through indexes in no order of the pages
+    database.exec("PRAGMA mmap_size = 0");       // a disk's fault is an error then, and not a signal
     database.exec("PRAGMA foreign_keys = ON");
 }
 }
 
 SQLite::Database open(QByteArray const& path, Access access)
 {
-    SQLite::Database database(path.toStdString(),
-                              access == Access::Write ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY);
+    auto const mode = access == Access::Write ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY;
+    SQLite::Database database(path.toStdString(), mode | SQLite::OPEN_NOMUTEX);
     harden(database);
     return database;
 }

@@ -15,7 +15,7 @@ enum class Access : unsigned char
 };
 
 /// Opens the database at \a path, which must exist, and trusts nothing in it: no view, no trigger and no function of the
-/// file's own runs, cells are checked when they are read, and lengths are limited.
+/// file's own runs, cells are checked when they are read, and lengths are limited. One thread alone may use it.
 SQLite::Database open(QByteArray const& path, Access access);
 
 /// Has each transaction keep a rollback journal and return only when it will outlast a power cut.

@@ -1,53 +1,92 @@
 #include "ContentDigest.h"
 
+#include "PostingsDigest.h"
+
 #include <QCryptographicHash>
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
 #include <array>
 #include <bit>
+#include <cstdint>
+#include <span>
 #include <string>
 
 namespace tallymere::storage {
 
 namespace {
 
-constexpr std::array queries{
+constexpr auto settings =
     "SELECT preferred_currency, display_currencies_as, balance_window, balance_window_decimals, due_within_days, "
-    "working_hours_per_week, working_days_per_week, rates_fetched FROM settings",
-    "SELECT code FROM currencies WHERE is_usable ORDER BY code",
-    "SELECT from_currency, to_currency, rate, is_looked_up FROM rates ORDER BY from_currency, to_currency",
+    "working_hours_per_week, working_days_per_week, rates_fetched FROM settings";
+constexpr auto usable = "SELECT code FROM currencies WHERE is_usable ORDER BY code";
+constexpr auto rates =
+    "SELECT from_currency, to_currency, rate, is_looked_up FROM rates ORDER BY from_currency, to_currency";
+
+constexpr std::array version1{
+    settings, usable, rates,
     "SELECT kind, source, currency, amount, period, anchored_on, next_occur_on, borrowed, interest, interest_decimals, "
-    "goal_total FROM items ORDER BY kind, source_key",
-};
+    "goal_total FROM items ORDER BY kind, source_key"};
 
-/// Tells the value's type and length too, so that values that follow each other can't be taken for others.
-std::string told(SQLite::Column const& column)
+constexpr std::array allButPostings{
+    settings,
+    usable,
+    rates,
+    "SELECT kind, source, number, items.currency, amount, period, anchored_on, next_occur_on, borrowed, interest, "
+    "interest_decimals, goal_total FROM items CROSS JOIN accounts ON accounts.id = account ORDER BY kind, source_key",
+    "SELECT a.number, a.name, p.number, a.type, a.currency, a.is_closed, a.purpose "
+    "FROM accounts AS a LEFT JOIN accounts AS p ON p.id = a.parent ORDER BY a.number",
+    "SELECT name, is_closed FROM banks ORDER BY name_key",
+    "SELECT number, banks.name, kind FROM banks CROSS JOIN bank_accounts ON bank = banks.id "
+    "CROSS JOIN accounts ON accounts.id = account ORDER BY number"};
+
+/// Tells the type and the length too, so that values that follow each other can't be taken for others.
+void tell(std::string& text, SQLite::Statement const& row, int column)
 {
-    if (column.isNull()) {
-        return "-";
+    auto const value = row.getColumn(column);
+    if (value.isNull()) {
+        text += '-';
+    } else if (value.isFloat()) {
+        text += 'r' + std::to_string(std::bit_cast<std::uint64_t>(value.getDouble())) + ';';
+    } else {
+        text += value.isInteger() ? 'i' : 't';
+        auto const* const words = value.getText(); // before its length, which it may change
+        auto const size = static_cast<std::size_t>(value.getBytes());
+        text += std::to_string(size) + ':';
+        text.append(words, size);
     }
-    if (column.isFloat()) {
-        return "r" + std::to_string(std::bit_cast<std::uint64_t>(column.getDouble())) + ";";
-    }
-    auto const text = column.getString();
-    return (column.isInteger() ? "i" : "t") + std::to_string(text.size()) + ":" + text;
-}
 }
 
-QByteArray digestOf(SQLite::Database const& database)
+void add(QCryptographicHash& hash, SQLite::Database const& database, std::span<char const* const> queries)
 {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    std::string told;
     for (auto const* const query : queries) {
-        SQLite::Statement rows(database, query);
-        while (rows.executeStep()) {
-            for (auto column = 0; column < rows.getColumnCount(); ++column) {
-                hash.addData(QByteArray::fromStdString(told(rows.getColumn(column))));
+        SQLite::Statement row(database, query);
+        while (row.executeStep()) {
+            told.clear();
+            for (auto column = 0; column < row.getColumnCount(); ++column) {
+                tell(told, row, column);
             }
-            hash.addData("\n");
+            told += '\n';
+            hash.addData(QByteArrayView(told));
         }
         hash.addData("\n");
     }
+}
+}
+
+QByteArray digestOf(SQLite::Database const& database, PostingsDigest const& postings)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    add(hash, database, allButPostings);
+    hash.addData(postings.bytes());
+    return hash.result();
+}
+
+QByteArray digestOfVersion1(SQLite::Database const& database)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    add(hash, database, version1);
     return hash.result();
 }
 }

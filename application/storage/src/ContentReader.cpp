@@ -1,14 +1,14 @@
 #include "ContentReader.h"
 
+#include "BooksReader.h"
 #include "Names.h"
+#include "Rows.h"
 #include "SourceKey.h"
-#include "UnsoundBudget.h"
 
-#include <SQLiteCpp/Column.h>
+#include <tlm/foundation/Error.h>
+
 #include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Statement.h>
 #include <stdexcept>
-#include <string>
 #include <utility>
 
 using fiscora::Currency;
@@ -16,6 +16,7 @@ using fiscora::Money;
 using tallymere::engine::BudgetContent;
 using tallymere::engine::PlannedItem;
 using tallymere::engine::Settings;
+using tlm::accounting::AccountNumber;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::BudgetSource;
 using tlm::conversion::ConversionMap;
@@ -23,34 +24,9 @@ using tlm::foundation::Percentage;
 
 namespace tallymere::storage {
 
+using namespace rows;
+
 namespace {
-
-void require(bool isMet, char const* rule)
-{
-    if (!isMet) {
-        throw UnsoundBudget(UnsoundBudget::Reason::Damaged, rule);
-    }
-}
-
-QString text(SQLite::Statement const& row, int column)
-{
-    return QString::fromStdString(row.getColumn(column).getString());
-}
-
-Currency currency(SQLite::Statement const& row, int column)
-{
-    return fiscora::toCurrency(row.getColumn(column).getString());
-}
-
-QDate date(SQLite::Statement const& row, int column)
-{
-    return QDate::fromString(text(row, column), Qt::ISODate);
-}
-
-int number(SQLite::Statement const& row, int column)
-{
-    return row.getColumn(column).getInt();
-}
 
 Percentage percentage(SQLite::Statement const& row, int rate, int decimals)
 {
@@ -76,7 +52,7 @@ Settings readSettings(SQLite::Database const& database)
     Settings settings{
         .preferred = currency(row, 0),
         .usable = readUsable(database),
-        .displayAs = names::toDisplayOption(row.getColumn(1).getString()),
+        .displayAs = names::toDisplayOption(word(row, 1)),
         .balanceWindow = percentage(row, 2, 3),
         .dueWithin = std::chrono::days(number(row, 4)),
         .workingWeek = {.hours = std::chrono::hours(number(row, 5)), .days = std::chrono::days(number(row, 6))}};
@@ -95,23 +71,23 @@ ConversionMap readRates(SQLite::Database const& database)
     // Storing a rate that was looked up moves the time, so it is set last.
     SQLite::Statement fetched(database, "SELECT rates_fetched FROM settings");
     require(fetched.executeStep(), "no settings");
-    rates.setLastFetched(ConversionMap::TimePoint(ConversionMap::TimePoint::duration(fetched.getColumn(0).getInt64())));
+    rates.setLastFetched(ConversionMap::TimePoint(ConversionMap::TimePoint::duration(integer(fetched, 0))));
     return rates;
 }
 
 PlannedItem readItem(SQLite::Statement const& row)
 {
     auto const money = [&row, code = currency(row, 3)](int column) {
-        return Money::fromAmount(code, row.getColumn(column).getInt64());
+        return Money::fromAmount(code, integer(row, column));
     };
-    PlannedItem item{.identifier = {names::toType(row.getColumn(0).getString()), BudgetSource(text(row, 1))},
+    PlannedItem item{.identifier = {names::toType(word(row, 0)), BudgetSource(text(row, 1))},
                      .amount = money(4),
-                     .period = names::toFrequency(row.getColumn(5).getString()),
+                     .period = names::toFrequency(word(row, 5)),
                      .anchoredOn = date(row, 6),
                      .nextOccurOn = date(row, 7),
+                     .account = AccountNumber(row.getColumn(12).getUInt()),
                      .debt = {},
                      .goalTotal = {}};
-    require(item.anchoredOn.isValid() && item.nextOccurOn.isValid(), "no date");
     require(text(row, 2) == sourceKey(text(row, 1)) && !text(row, 2).isEmpty(), "a source under another key");
     if (item.identifier.type == BudgetItemTypes::Debt) {
         item.debt = engine::DebtTerms{.borrowed = money(8), .interest = percentage(row, 9, 10)};
@@ -122,27 +98,58 @@ PlannedItem readItem(SQLite::Statement const& row)
     return item;
 }
 
-BudgetContent readAll(SQLite::Database const& database)
+/// \param account tells how to find the number of an item's account
+/// \param from the tables in which both stand
+engine::PlannedItems readItems(SQLite::Database const& database, std::set<Currency> const& usable,
+                               std::string const& account, std::string const& from)
 {
-    BudgetContent content{.settings = readSettings(database), .rates = readRates(database), .items = {}};
-    SQLite::Statement row(database, "SELECT kind, source, source_key, currency, amount, period, anchored_on, "
-                                    "next_occur_on, borrowed, interest, interest_decimals, goal_total FROM items");
+    engine::PlannedItems items;
+    SQLite::Statement row(database, "SELECT kind, source, source_key, items.currency, amount, period, anchored_on, "
+                                    "next_occur_on, borrowed, interest, interest_decimals, goal_total, " +
+                                        account + " FROM " + from);
     while (row.executeStep()) {
         auto item = readItem(row);
-        require(content.settings.usable.contains(item.amount.code()), "an item in a currency that isn't usable");
+        require(usable.contains(item.amount.code()), "an item in a currency that isn't usable");
         auto const identifier = item.identifier;
-        content.items.emplace(identifier, std::move(item));
+        items.emplace(identifier, std::move(item));
     }
+    return items;
+}
+
+BudgetContent readPlan(SQLite::Database const& database, std::string const& account, std::string const& from)
+{
+    BudgetContent content{.settings = readSettings(database), .rates = readRates(database), .items = {}, .books = {}};
+    content.items = readItems(database, content.settings.usable, account, from);
     return content;
+}
+
+/// \return what \a read gives
+/// \throws UnsoundBudget for a value that means nothing
+template <typename Read>
+BudgetContent orUnsound(Read const& read)
+{
+    using Reason = UnsoundBudget::Reason;
+    try {
+        return read();
+    } catch (std::invalid_argument const& unknown) {
+        throw UnsoundBudget(Reason::Damaged, unknown.what());
+    } catch (tlm::foundation::Error const& refused) {
+        throw UnsoundBudget(Reason::Damaged, refused.what());
+    }
 }
 }
 
-engine::BudgetContent readContent(SQLite::Database const& database)
+BudgetContent readContent(SQLite::Database const& database)
 {
-    try {
-        return readAll(database);
-    } catch (std::invalid_argument const& unknown) {
-        throw UnsoundBudget(UnsoundBudget::Reason::Damaged, unknown.what());
-    }
+    return orUnsound([&database] {
+        auto content = readPlan(database, "number", "items CROSS JOIN accounts ON accounts.id = account");
+        content.books = readBooks(database);
+        return content;
+    });
+}
+
+BudgetContent readContentOfVersion1(SQLite::Database const& database)
+{
+    return orUnsound([&database] { return readPlan(database, "0", "items"); });
 }
 }

@@ -8,7 +8,11 @@ class Database;
 
 namespace tallymere::storage {
 
-/// \return all that the budget in \a database holds
+/// \return all that the budget in \a database holds, but the postings themselves
 /// \throws UnsoundBudget when a value stands for nothing that the program knows, or one doesn't fit the others
 engine::BudgetContent readContent(SQLite::Database const& database);
+
+/// \return all that the budget of version 1 in \a database holds: no books, and items without accounts
+/// \throws UnsoundBudget as readContent() does
+engine::BudgetContent readContentOfVersion1(SQLite::Database const& database);
 }

@@ -2,20 +2,19 @@
 
 #include "Names.h"
 #include "SourceKey.h"
+#include "Stored.h"
 
 #include <storage/DocumentError.h>
-#include <tlm/foundation/ScopeExecutor.h>
 
 #include <QCoreApplication>
 
 #include <SQLiteCpp/Database.h>
-#include <cstdint>
 #include <stdexcept>
-#include <string>
 
 using fiscora::Money;
 using tallymere::engine::BudgetContent;
 using tallymere::engine::PlannedItem;
+using tallymere::engine::Posting;
 using tallymere::engine::Settings;
 using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
@@ -29,26 +28,6 @@ namespace {
 QString tr(char const* text)
 {
     return QCoreApplication::translate("ContentWriter", text);
-}
-
-std::int64_t integer(long long number)
-{
-    return number;
-}
-
-/// \return \a text as the file holds it, from which it can be read back to the letter
-std::string stored(QString const& text)
-{
-    auto const bytes = text.toUtf8();
-    if (text.contains(QChar::Null) || QString::fromUtf8(bytes) != text) {
-        throw DocumentError(tr("The name holds a character that can't be stored. Write it without."));
-    }
-    return bytes.toStdString();
-}
-
-std::string stored(QDate const& date)
-{
-    return date.toString(Qt::ISODate).toStdString();
 }
 
 void requireFitting(PlannedItem const& item)
@@ -73,35 +52,6 @@ void bind(SQLite::Statement& row, int first, Percentage const& percentage)
     row.bind(first + 1, int{percentage.precision()});
 }
 
-/// What isn't bound stays NULL.
-void bind(SQLite::Statement& row, PlannedItem const& item)
-{
-    requireFitting(item);
-    row.clearBindings();
-    bind(row, 1, item.identifier);
-    row.bind(3, stored(item.identifier.source.name()));
-    row.bind(4, fiscora::toStdString(item.amount.code()));
-    row.bind(5, integer(item.amount.amount()));
-    row.bind(6, names::toName(item.period));
-    row.bind(7, stored(item.anchoredOn));
-    row.bind(8, stored(item.nextOccurOn));
-    if (item.debt) {
-        row.bind(9, integer(item.debt->borrowed.amount()));
-        bind(row, 10, item.debt->interest);
-    }
-    if (item.goalTotal) {
-        row.bind(12, integer(item.goalTotal->amount()));
-    }
-}
-
-/// Runs \a statement with what is bound to it, and makes it ready to be bound again, whatever happens.
-/// \return number of rows changed
-int run(SQLite::Statement& statement)
-{
-    tlm::foundation::ScopeExecutor const ready([&statement] { statement.tryReset(); });
-    return statement.exec();
-}
-
 void requireFound(int changes, BudgetItemIdentifier const& identifier)
 {
     if (changes != 1) {
@@ -112,6 +62,7 @@ void requireFound(int changes, BudgetItemIdentifier const& identifier)
 
 ContentWriter::ContentWriter(SQLite::Database& database)
     : database_(database),
+      books_(database),
       settings_(database,
                 "INSERT OR REPLACE INTO settings (id, preferred_currency, display_currencies_as, balance_window, "
                 "balance_window_decimals, due_within_days, working_hours_per_week, working_days_per_week, "
@@ -122,76 +73,110 @@ ContentWriter::ContentWriter(SQLite::Database& database)
       rate_(database, "INSERT INTO rates (from_currency, to_currency, rate, is_looked_up) VALUES (?, ?, ?, ?)"),
       add_(database,
            "INSERT INTO items (kind, source_key, source, currency, amount, period, anchored_on, next_occur_on, "
-           "borrowed, interest, interest_decimals, goal_total) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+           "borrowed, interest, interest_decimals, goal_total, account) "
+           "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       change_(database,
               "UPDATE items SET kind = ?, source_key = ?, source = ?, currency = ?, amount = ?, period = ?, "
-              "anchored_on = ?, next_occur_on = ?, borrowed = ?, interest = ?, interest_decimals = ?, goal_total = ? "
-              "WHERE kind = ? AND source_key = ?"),
+              "anchored_on = ?, next_occur_on = ?, borrowed = ?, interest = ?, interest_decimals = ?, goal_total = ?, "
+              "account = ? WHERE kind = ? AND source_key = ?"),
       remove_(database, "DELETE FROM items WHERE kind = ? AND source_key = ?")
 {}
 
-void ContentWriter::write(BudgetContent const& content)
+void ContentWriter::write(BudgetContent const& content, std::vector<Posting> const& postings)
 {
     write(content.settings);
     write(content.rates);
-    for (auto const& [identifier, item] : content.items) {
-        add(item);
+    writePlan(content, postings);
+}
+
+void ContentWriter::writePlan(BudgetContent const& content, std::vector<Posting> const& postings)
+{
+    books_.write(content.books);
+    for (auto const& entry : content.items) {
+        add(entry.second);
+    }
+    for (auto const& posting : postings) {
+        books_.post(posting);
     }
 }
 
 void ContentWriter::write(Settings const& settings)
 {
     writeUsable(settings.usable);
-    settings_.bind(1, fiscora::toStdString(settings.preferred));
-    settings_.bind(2, names::toName(settings.displayAs));
-    bind(settings_, 3, settings.balanceWindow);
-    settings_.bind(5, integer(settings.dueWithin.count()));
-    settings_.bind(6, integer(settings.workingWeek.hours.count()));
-    settings_.bind(7, integer(settings.workingWeek.days.count()));
-    run(settings_);
+    auto& row = settings_.get();
+    row.bind(1, fiscora::toStdString(settings.preferred));
+    row.bind(2, names::toName(settings.displayAs));
+    storage::bind(row, 3, settings.balanceWindow);
+    row.bind(5, integer(settings.dueWithin.count()));
+    row.bind(6, integer(settings.workingWeek.hours.count()));
+    row.bind(7, integer(settings.workingWeek.days.count()));
+    settings_.run();
 }
 
 void ContentWriter::writeUsable(std::set<fiscora::Currency> const& usable)
 {
     database_.exec("UPDATE currencies SET is_usable = 0 WHERE is_usable");
     for (auto const code : usable) {
-        usable_.bind(1, fiscora::toStdString(code));
-        run(usable_);
+        usable_.get().bind(1, fiscora::toStdString(code));
+        usable_.run();
     }
 }
 
 void ContentWriter::write(ConversionMap const& rates)
 {
     database_.exec("DELETE FROM rates");
-    for (auto const& [from, row] : rates.rates()) {
-        for (auto const& [to, rate] : row) {
-            rate_.bind(1, fiscora::toStdString(from));
-            rate_.bind(2, fiscora::toStdString(to));
-            rate_.bind(3, rate.underlying());
-            rate_.bind(4, int{rates.isLookedUp(from, to)});
-            run(rate_);
+    for (auto const& [from, others] : rates.rates()) {
+        for (auto const& [to, rate] : others) {
+            auto& row = rate_.get();
+            row.bind(1, fiscora::toStdString(from));
+            row.bind(2, fiscora::toStdString(to));
+            row.bind(3, rate.underlying());
+            row.bind(4, int{rates.isLookedUp(from, to)});
+            rate_.run();
         }
     }
-    fetched_.bind(1, integer(rates.lastFetched().time_since_epoch().count()));
-    run(fetched_);
+    fetched_.get().bind(1, integer(rates.lastFetched().time_since_epoch().count()));
+    fetched_.run();
+}
+
+void ContentWriter::bind(SQLite::Statement& row, PlannedItem const& item)
+{
+    requireFitting(item);
+    row.clearBindings(); // what isn't bound stays NULL
+    storage::bind(row, 1, item.identifier);
+    row.bind(3, stored(item.identifier.source.name()));
+    row.bind(4, fiscora::toStdString(item.amount.code()));
+    row.bind(5, integer(item.amount.amount()));
+    row.bind(6, names::toName(item.period));
+    row.bind(7, stored(item.anchoredOn));
+    row.bind(8, stored(item.nextOccurOn));
+    if (item.debt) {
+        row.bind(9, integer(item.debt->borrowed.amount()));
+        storage::bind(row, 10, item.debt->interest);
+    }
+    if (item.goalTotal) {
+        row.bind(12, integer(item.goalTotal->amount()));
+    }
+    row.bind(13, books_.accountId(item.account));
 }
 
 void ContentWriter::add(PlannedItem const& item)
 {
-    bind(add_, item);
-    run(add_);
+    bind(add_.get(), item);
+    add_.run();
 }
 
 void ContentWriter::change(BudgetItemIdentifier const& original, PlannedItem const& item)
 {
-    bind(change_, item);
-    bind(change_, 13, original);
-    requireFound(run(change_), original);
+    auto& row = change_.get();
+    bind(row, item);
+    storage::bind(row, 14, original);
+    requireFound(change_.run(), original);
 }
 
 void ContentWriter::remove(BudgetItemIdentifier const& identifier)
 {
-    bind(remove_, 1, identifier);
-    requireFound(run(remove_), identifier);
+    storage::bind(remove_.get(), 1, identifier);
+    requireFound(remove_.run(), identifier);
 }
 }

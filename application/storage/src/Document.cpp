@@ -13,9 +13,15 @@
 #include <system_error>
 #include <utility>
 
+using tallymere::engine::BookAccount;
 using tallymere::engine::BudgetContent;
 using tallymere::engine::PlannedItem;
+using tallymere::engine::Posting;
+using tallymere::engine::PostingId;
 using tallymere::engine::Settings;
+using tlm::accounting::AccountNumber;
+using tlm::banking::Bank;
+using tlm::banking::BankName;
 using tlm::budgeting::BudgetItemIdentifier;
 using tlm::conversion::ConversionMap;
 
@@ -61,8 +67,8 @@ Orphan orphanOf(WorkingFiles const& files)
 bool holdsUnsavedWork(Places const& places, WorkingFiles files)
 {
     try {
-        auto const origin = files.origin();
         auto const copy = WorkingCopy::ofOrphan(std::move(files));
+        auto const origin = copy->origin();
         auto const& digest = copy->digest();
         auto const isSaved =
             digest == origin.digest ||
@@ -95,10 +101,11 @@ Document::Document(Places places, std::unique_ptr<BudgetFile> file, std::unique_
 
 Document::~Document() = default;
 
-std::unique_ptr<Document> Document::create(Places const& places, BudgetContent const& content)
+std::unique_ptr<Document> Document::create(Places const& places, BudgetContent const& content,
+                                           std::vector<Posting> const& postings)
 {
     return orRefuse(Deed::Begin, {}, [&] {
-        auto copy = WorkingCopy::ofContent(workingCopies(places), content);
+        auto copy = WorkingCopy::ofContent(workingCopies(places), content, postings);
         copy->write(Origin{{}, copy->digest()});
         return std::unique_ptr<Document>(new Document(places, nullptr, std::move(copy)));
     });
@@ -260,12 +267,12 @@ void Document::transact(std::function<void()> const& changes)
 }
 
 template <typename Change>
-void Document::keep(Change const& change)
+auto Document::keep(Change const& change)
 {
     if (!copy_->isInTransaction()) {
         throw std::logic_error("A change needs a transaction.");
     }
-    orRefuse(Deed::Change, {}, [&] { change(copy_->writer()); });
+    return orRefuse(Deed::Change, {}, [&] { return change(copy_->writer()); });
 }
 
 void Document::write(Settings const& settings)
@@ -291,5 +298,50 @@ void Document::change(BudgetItemIdentifier const& original, PlannedItem const& i
 void Document::remove(BudgetItemIdentifier const& identifier)
 {
     keep([&](ContentWriter& writer) { writer.remove(identifier); });
+}
+
+void Document::add(BookAccount const& account)
+{
+    keep([&](ContentWriter& writer) { writer.books().add(account); });
+}
+
+void Document::change(AccountNumber const& original, BookAccount const& account)
+{
+    keep([&](ContentWriter& writer) { writer.books().change(original, account); });
+}
+
+void Document::remove(AccountNumber const& number)
+{
+    keep([&](ContentWriter& writer) { writer.books().remove(number); });
+}
+
+void Document::add(Bank const& bank)
+{
+    keep([&](ContentWriter& writer) { writer.books().add(bank); });
+}
+
+void Document::change(BankName const& original, Bank const& bank)
+{
+    keep([&](ContentWriter& writer) { writer.books().change(original, bank); });
+}
+
+void Document::remove(BankName const& name)
+{
+    keep([&](ContentWriter& writer) { writer.books().remove(name); });
+}
+
+PostingId Document::post(Posting const& posting)
+{
+    return keep([&](ContentWriter& writer) { return writer.books().post(posting); });
+}
+
+void Document::remove(PostingId const& id)
+{
+    keep([&](ContentWriter& writer) { writer.books().remove(id); });
+}
+
+std::map<PostingId, Posting> Document::postingsOf(AccountNumber const& number) const
+{
+    return orRefuse(Deed::Read, {}, [&] { return copy_->postingsOf(number); });
 }
 }

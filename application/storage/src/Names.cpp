@@ -6,6 +6,10 @@
 #include <string_view>
 #include <utility>
 
+using tallymere::engine::AccountPurposes;
+using tlm::accounting::AccountTypes;
+using tlm::accounting::TransactionStatuses;
+using tlm::banking::BankAccountTypes;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::EventFrequency;
 using tlm::navigation::CurrencyDisplayOptions;
@@ -56,6 +60,35 @@ constexpr Words<CurrencyDisplayOptions, 3> displayOptions{{
     {CurrencyDisplayOptions::SymbolAndCode, "symbol and code"},
 }};
 
+constexpr Words<AccountTypes, 6> accountTypes{{
+    {AccountTypes::Asset, "asset"},
+    {AccountTypes::Equity, "equity"},
+    {AccountTypes::Expense, "expense"},
+    {AccountTypes::Income, "income"},
+    {AccountTypes::Liability, "liability"},
+    {AccountTypes::Suspense, "suspense"},
+}};
+
+constexpr Words<TransactionStatuses, 3> statuses{{
+    {TransactionStatuses::NotCleared, "not cleared"},
+    {TransactionStatuses::Cleared, "cleared"},
+    {TransactionStatuses::Reconciled, "reconciled"},
+}};
+
+constexpr Words<BankAccountTypes, 6> bankAccountTypes{{
+    {BankAccountTypes::Checking, "checking"},
+    {BankAccountTypes::CreditCard, "credit card"},
+    {BankAccountTypes::Goal, "goal"},
+    {BankAccountTypes::Loan, "loan"},
+    {BankAccountTypes::Savings, "savings"},
+    {BankAccountTypes::Unspecified, "unspecified"},
+}};
+
+constexpr Words<AccountPurposes, 2> purposes{{
+    {AccountPurposes::Household, "household"},
+    {AccountPurposes::OpeningBalances, "opening balances"},
+}};
+
 template <typename Value, std::size_t Size>
 std::string word(Words<Value, Size> const& words, Value value)
 {
@@ -92,6 +125,26 @@ std::string toName(CurrencyDisplayOptions option)
     return word(displayOptions, option);
 }
 
+std::string toName(AccountTypes type)
+{
+    return word(accountTypes, type);
+}
+
+std::string toName(TransactionStatuses status)
+{
+    return word(statuses, status);
+}
+
+std::string toName(BankAccountTypes type)
+{
+    return word(bankAccountTypes, type);
+}
+
+std::string toName(AccountPurposes purpose)
+{
+    return word(purposes, purpose);
+}
+
 BudgetItemTypes toType(std::string const& name)
 {
     return value(types, name);
@@ -105,5 +158,25 @@ EventFrequency toFrequency(std::string const& name)
 CurrencyDisplayOptions toDisplayOption(std::string const& name)
 {
     return value(displayOptions, name);
+}
+
+AccountTypes toAccountType(std::string const& name)
+{
+    return value(accountTypes, name);
+}
+
+TransactionStatuses toStatus(std::string const& name)
+{
+    return value(statuses, name);
+}
+
+BankAccountTypes toBankAccountType(std::string const& name)
+{
+    return value(bankAccountTypes, name);
+}
+
+AccountPurposes toPurpose(std::string const& name)
+{
+    return value(purposes, name);
 }
 }

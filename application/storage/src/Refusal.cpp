@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <sqlite3.h>
+#include <string_view>
 #include <system_error>
 
 namespace tallymere::storage {
@@ -143,10 +144,33 @@ Reason reasonOf(int error, Deed deed)
     }
 }
 
+Reason brokenRule()
+{
+    return {tr("it breaks a rule of budget files"), tr("Enter other values.")};
+}
+
+/// The database names the columns whose values must differ.
+Reason takenTwice(SQLite::Exception const& failure)
+{
+    auto const isAbout = [what = std::string_view(failure.what())](char const* column) {
+        return what.find(column) != std::string_view::npos;
+    };
+    if (isAbout("items.source_key")) {
+        return {tr("an item of that name is planned already"), tr("Change that one, or give this one another name.")};
+    }
+    if (isAbout("accounts.number")) {
+        return {tr("an account of that number is in the books already"), tr("Choose another number.")};
+    }
+    if (isAbout("banks.name_key")) {
+        return {tr("there is a bank of that name already"), tr("Choose another name.")};
+    }
+    return brokenRule();
+}
+
 Reason reasonOf(SQLite::Exception const& failure, Deed deed, QString const& backups)
 {
     if (failure.getExtendedErrorCode() == SQLITE_CONSTRAINT_UNIQUE) {
-        return {tr("an item of that name is planned already"), tr("Change that one, or give this one another name.")};
+        return takenTwice(failure);
     }
     switch (failure.getErrorCode()) {
     case SQLITE_FULL:
@@ -162,7 +186,7 @@ Reason reasonOf(SQLite::Exception const& failure, Deed deed, QString const& back
         return inUse();
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
-        return {tr("it breaks a rule of budget files"), tr("Enter other values.")};
+        return brokenRule();
     case SQLITE_NOMEM:
         return {tr("there is too little memory"), tr("Close other programs, then try again.")};
     default:

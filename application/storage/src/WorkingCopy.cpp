@@ -1,9 +1,11 @@
 #include "WorkingCopy.h"
 
+#include "BooksReader.h"
 #include "Connection.h"
 #include "ContentDigest.h"
 #include "ContentReader.h"
 #include "FileSystem.h"
+#include "Migration.h"
 #include "Schema.h"
 
 #include <QDebug>
@@ -12,6 +14,10 @@
 #include <SQLiteCpp/Transaction.h>
 #include <exception>
 #include <utility>
+
+using tallymere::engine::Posting;
+using tallymere::engine::PostingId;
+using tlm::accounting::AccountNumber;
 
 namespace tallymere::storage {
 
@@ -22,20 +28,29 @@ void checkHeader(DurableFile const& file)
     schema::checkHeader(file.read(0, schema::headerSize), file.status().st_size);
 }
 
-/// Checks all that makes a budget sound, changing nothing.
-void check(SQLite::Database& database)
+struct Checked
+{
+    engine::BudgetContent content;
+    bool hasAllCurrencies = false;
+};
+
+/// Checks all that makes a budget of \a version sound, changing nothing.
+Checked check(SQLite::Database& database, unsigned int version)
 {
     database.exec("PRAGMA query_only = ON");
+    Checked checked;
     {
         SQLite::Transaction const once(database); // else each query looks for others' changes first
-        schema::check(database);
-        readContent(database);
+        checked.hasAllCurrencies = schema::check(database, version);
+        checked.content = version == schema::presentVersion ? readContent(database) : readContentOfVersion1(database);
     }
     database.exec("PRAGMA query_only = OFF");
+    return checked;
 }
 }
 
-std::unique_ptr<WorkingCopy> WorkingCopy::ofContent(QByteArray const& folder, engine::BudgetContent const& content)
+std::unique_ptr<WorkingCopy> WorkingCopy::ofContent(QByteArray const& folder, engine::BudgetContent const& content,
+                                                    std::vector<engine::Posting> const& postings)
 {
     std::unique_ptr<WorkingCopy> copy(new WorkingCopy(WorkingFiles::make(folder)));
     DurableFile::create(copy->files_.database()).close();
@@ -43,7 +58,7 @@ std::unique_ptr<WorkingCopy> WorkingCopy::ofContent(QByteArray const& folder, en
     connection::makeDurable(*copy->database_);
     connection::transact(*copy->database_, [&] {
         schema::create(*copy->database_);
-        ContentWriter(*copy->database_).write(content);
+        ContentWriter(*copy->database_).write(content, postings);
     });
     copy->writer_.emplace(*copy->database_);
     return copy;
@@ -96,21 +111,55 @@ void WorkingCopy::open()
 
 void WorkingCopy::prepare()
 {
-    check(*database_);
+    auto const version = schema::versionOf(*database_);
+    auto checked = check(*database_, version);
+    content_ = std::move(checked.content);
     connection::makeDurable(*database_);
-    connection::transact(*database_, [this] { schema::addCurrencies(*database_); });
+    if (version != schema::presentVersion) {
+        migrate();
+    }
+    if (!checked.hasAllCurrencies) {
+        connection::transact(*database_, [this] { schema::addCurrencies(*database_); });
+    }
     writer_.emplace(*database_);
+}
+
+void WorkingCopy::migrate()
+{
+    auto const before = digestOfVersion1(*database_);
+    connection::transact(*database_, [this] { content_ = migrateVersion1(*database_, *content_); });
+    if (files_.isComplete()) {
+        keepOrigin(before);
+    }
+}
+
+/// A copy that hadn't changed since it was made of something doesn't count as changed once it is migrated.
+void WorkingCopy::keepOrigin(QByteArray const& digestBefore) const
+{
+    if (auto const origin = files_.origin(); origin.digest == digestBefore) {
+        write(Origin{origin.filePathName, digest()});
+    }
 }
 
 engine::BudgetContent WorkingCopy::content() const
 {
-    return readContent(*database_);
+    auto content = content_ ? std::move(*content_) : readContent(*database_);
+    content_.reset();
+    return content;
+}
+
+std::map<PostingId, Posting> WorkingCopy::postingsOf(AccountNumber const& number) const
+{
+    return readPostings(*database_, number);
 }
 
 QByteArray const& WorkingCopy::digest() const
 {
+    if (!postingsDigest_) {
+        postingsDigest_ = digestOfPostings(*database_);
+    }
     if (!digest_) {
-        digest_ = digestOf(*database_);
+        digest_ = digestOf(*database_, *postingsDigest_);
     }
     return *digest_;
 }
@@ -119,6 +168,7 @@ void WorkingCopy::begin()
 {
     database_->exec("BEGIN IMMEDIATE");
     isInTransaction_ = true;
+    content_.reset();
 }
 
 void WorkingCopy::commit()
@@ -126,12 +176,19 @@ void WorkingCopy::commit()
     database_->exec("COMMIT");
     isInTransaction_ = false;
     digest_.reset();
+    auto const change = writer_->books().takePostingsChange();
+    if (change.haveOtherAccounts) {
+        postingsDigest_.reset();
+    } else if (postingsDigest_) {
+        postingsDigest_->add(change.digest);
+    }
 }
 
 void WorkingCopy::rollBack() noexcept
 {
     isInTransaction_ = false;
     digest_.reset();
+    writer_->books().takePostingsChange();
     database_->tryExec("ROLLBACK"); // fails where the database has rolled back by itself already
 }
 
@@ -146,7 +203,7 @@ QByteArray digestOfSound(QByteArray const& path)
 {
     checkHeader(DurableFile::open(path));
     auto database = connection::open(path, connection::Access::Read);
-    check(database);
-    return digestOf(database);
+    check(database, schema::presentVersion);
+    return digestOf(database, digestOfPostings(database));
 }
 }

@@ -5,8 +5,10 @@
 #include "WorkingFiles.h"
 
 #include <SQLiteCpp/Database.h>
+#include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tallymere::storage {
 
@@ -16,13 +18,17 @@ namespace tallymere::storage {
 class WorkingCopy
 {
 public:
-    static std::unique_ptr<WorkingCopy> ofContent(QByteArray const& folder, engine::BudgetContent const& content);
+    /// \param postings what the turnovers of \a content count
+    static std::unique_ptr<WorkingCopy> ofContent(QByteArray const& folder, engine::BudgetContent const& content,
+                                                  std::vector<engine::Posting> const& postings);
 
-    /// Copies \a file and checks the copy whole; the database never touches the file itself.
+    /// Copies \a file and checks the copy whole; the database never touches the file itself. A copy of an older version
+    /// becomes one of the present version.
     static std::unique_ptr<WorkingCopy> ofFile(QByteArray const& folder, DurableFile const& file);
 
     /// Takes over \a files that a program left behind, rolls back the change that it was in the middle of, and checks the rest.
-    /// They stay when this object goes, until they are claimed.
+    /// They stay when this object goes, until they are claimed. An older version's copy is made one of the present version,
+    /// and its origin still tells whether anything had changed in it.
     static std::unique_ptr<WorkingCopy> ofOrphan(WorkingFiles files);
 
     WorkingCopy(WorkingCopy const&) = delete;
@@ -38,6 +44,7 @@ public:
     void write(Origin const& origin) const { files_.write(origin); }
 
     engine::BudgetContent content() const;
+    std::map<engine::PostingId, engine::Posting> postingsOf(tlm::accounting::AccountNumber const& number) const;
 
     /// \return a digest of the content, at no cost while it stays the same
     QByteArray const& digest() const;
@@ -61,13 +68,17 @@ private:
 
     void open();
     void prepare();
+    void migrate();
+    void keepOrigin(QByteArray const& digestBefore) const;
 
     WorkingFiles files_;
     bool isKept_ = false;
     std::optional<SQLite::Database> database_;
     std::optional<ContentWriter> writer_;
     bool isInTransaction_ = false;
+    mutable std::optional<engine::BudgetContent> content_; ///< as it was checked, until it is asked for or changes
     mutable std::optional<QByteArray> digest_;
+    mutable std::optional<PostingsDigest> postingsDigest_; ///< of the postings before the present transaction
 };
 
 /// Checks that the file at \a path, which nobody changes meanwhile, holds a sound budget.

@@ -1,76 +1,21 @@
 #pragma once
 
+#include "MemoryStore.h"
+
 #include <engine/Household.h>
-#include <engine/Store.h>
+#include <engine/OpenBooks.h>
 #include <fiscora/Conversions.h>
 #include <tlm/budgeting/WorkingWeek.h>
 
+#include <QDate>
 #include <QLocale>
 
-#include <functional>
 #include <gtest/gtest.h>
-#include <stdexcept>
+#include <initializer_list>
+#include <optional>
 #include <utility>
 
 namespace tallymere::engine {
-
-/// Keeps what a document would keep, all changes of a transaction or none, and can be told to fail.
-class MemoryStore : public Store
-{
-public:
-    explicit MemoryStore(BudgetContent content) : kept_(std::move(content)) {}
-
-    void transact(std::function<void()> const& changes) override
-    {
-        ++transactions_;
-        pending_ = kept_;
-        isInside_ = true;
-        changes();
-        isInside_ = false;
-        if (isFull_) {
-            throw std::runtime_error("disk full");
-        }
-        kept_ = pending_;
-    }
-    void write(Settings const& settings) override { inside().settings = settings; }
-    void write(tlm::conversion::ConversionMap const& rates) override { inside().rates = rates; }
-    void add(PlannedItem const& item) override
-    {
-        if (!inside().items.emplace(item.identifier, item).second) {
-            throw std::logic_error("added twice");
-        }
-    }
-    void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem const& item) override
-    {
-        remove(original);
-        add(item);
-    }
-    void remove(tlm::budgeting::BudgetItemIdentifier const& identifier) override
-    {
-        if (inside().items.erase(identifier) == 0) {
-            throw std::logic_error("nothing to remove");
-        }
-    }
-
-    BudgetContent const& kept() const { return kept_; }
-    int transactions() const { return transactions_; }
-    void setFull(bool isFull) { isFull_ = isFull; }
-
-private:
-    BudgetContent& inside()
-    {
-        if (!isInside_) {
-            throw std::logic_error("changed outside of a transaction");
-        }
-        return pending_;
-    }
-
-    BudgetContent kept_;
-    BudgetContent pending_;
-    int transactions_ = 0;
-    bool isInside_ = false;
-    bool isFull_ = false;
-};
 
 inline fiscora::Money dollars(long long units, unsigned short cents = 0)
 {
@@ -119,6 +64,23 @@ inline BudgetContent dollarsAndEuros()
     return content;
 }
 
+/// \a content with an account for each of its items.
+inline NewBudget withAccounts(BudgetContent content)
+{
+    auto postings = openBooks(content);
+    return {std::move(content), std::move(postings)};
+}
+
+/// Dollars and euros in which \a items are planned already.
+inline NewBudget planning(std::initializer_list<PlannedItem> items)
+{
+    auto content = dollarsAndEuros();
+    for (auto const& item : items) {
+        content.items.emplace(item.identifier, item);
+    }
+    return withAccounts(std::move(content));
+}
+
 /// A household in dollars and euros; leaves the process as it was.
 class HouseholdTest : public ::testing::Test
 {
@@ -136,6 +98,26 @@ protected:
         household.setRates(rates);
     }
 
+    using KeptAt = std::optional<tlm::banking::BankAccount>;
+
+    void add(PlannedItem const& item, KeptAt const& keptAt = std::nullopt) { household.add(item, keptAt, today); }
+    void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem const& item,
+                KeptAt const& keptAt = std::nullopt)
+    {
+        household.change(original, item, keptAt);
+    }
+
+    PlannedItem const& item(tlm::budgeting::BudgetItemTypes type, QString const& name) const
+    {
+        return household.content().items.at(named(type, name));
+    }
+
+    BookAccount const& account(tlm::accounting::AccountNumber const& number) const
+    {
+        return household.content().books.accounts.at(number);
+    }
+
+    QDate const today{2025, 5, 1}; // a Thursday
     MemoryStore store{dollarsAndEuros()};
     Household household{dollarsAndEuros(), store};
 };

@@ -1,4 +1,5 @@
 #include "HouseholdFixture.h"
+#include "Picks.h"
 
 #include <QDate>
 
@@ -43,12 +44,6 @@ std::vector<Spelling> const spellings{{"", "", 0},
                                       {"\u00C4rzte", "\u00C4rzte", 3},
                                       {"\u00E4rzte", "\u00E4rzte", 3}};
 
-template <typename T>
-T anyOf(std::vector<T> const& values)
-{
-    return values[*rc::gen::inRange<std::size_t>(0, values.size())];
-}
-
 /// What a person typed for one item.
 struct Typed
 {
@@ -61,11 +56,11 @@ struct Typed
 
 Typed anyItem()
 {
-    auto const type = static_cast<BudgetItemTypes>(*rc::gen::inRange(1, 4));
+    auto const type = static_cast<BudgetItemTypes>(pick(1, 4));
     auto const spelling = anyOf(spellings);
     auto item = planned(type, spelling.typed);
     item.amount = anyOf<Money>({dollars(100), dollars(3, 50), dollars(20), euros(7), dollars(0), -dollars(1), Money()});
-    item.period = static_cast<EventFrequency>(*rc::gen::inRange(0, 22));
+    item.period = static_cast<EventFrequency>(pick(0, 22));
     item.nextOccurOn = anyOf<QDate>({QDate(2025, 1, 31), QDate(2025, 2, 28), QDate(2024, 2, 29), QDate()});
     item.anchoredOn = anyOf<QDate>({QDate(2020, 5, 5), QDate()});
     if (item.debt) {
@@ -114,7 +109,10 @@ public:
     {
         auto const before = find(original.type, original.spelling.name);
         auto const namesake = find(typed.type, typed.spelling.name);
-        if (!before || !isPlannable(typed) || (namesake && namesake != before)) {
+        if (!before || original.type != typed.type || !isPlannable(typed) || (namesake && namesake != before)) {
+            return std::nullopt;
+        }
+        if (typed.item.debt && typed.item.debt->borrowed != content.items.at(*before).debt->borrowed) {
             return std::nullopt;
         }
         auto changed = content;
@@ -172,8 +170,8 @@ private:
         auto const& item = typed.item;
         auto const isFine = [&](Money const& money) { return money.code() == item.amount.code() && money > 0; };
         return typed.spelling.name != 0 && content.settings.usable.count(item.amount.code()) == 1 && item.amount > 0 &&
-               item.nextOccurOn.isValid() && (!item.debt || isFine(item.debt->borrowed)) &&
-               (!item.goalTotal || isFine(*item.goalTotal));
+               item.period != EventFrequency::None && item.nextOccurOn.isValid() &&
+               (!item.debt || isFine(item.debt->borrowed)) && (!item.goalTotal || isFine(*item.goalTotal));
     }
 
     std::optional<BudgetItemIdentifier> find(BudgetItemTypes type, int name) const
@@ -216,10 +214,10 @@ Step anyStep(Model const& model)
     auto const other = anyItem();
     auto const settings = anySettings();
     auto const rate = anyOf<double>({1.25, 0.5, 0.0, -2.0});
-    switch (*rc::gen::inRange(0, 8)) {
+    switch (pick(0, 8)) {
     case 0:
     case 1:
-        return {[=](Household& household) { household.change(other.item.identifier, typed.item); },
+        return {[=](Household& household) { household.change(other.item.identifier, typed.item, std::nullopt); },
                 model.change(other, typed)};
     case 2:
         return {[=](Household& household) { household.setRates(ratesOf(rate)); }, model.setRates(rate)};
@@ -228,7 +226,8 @@ Step anyStep(Model const& model)
     case 4:
         return {[=](Household& household) { household.remove(typed.item.identifier); }, model.remove(typed)};
     default:
-        return {[=](Household& household) { household.add(typed.item); }, model.add(typed)};
+        return {[=](Household& household) { household.add(typed.item, std::nullopt, QDate(2025, 5, 1)); },
+                model.add(typed)};
     }
 }
 
@@ -242,6 +241,16 @@ bool isAccepted(Household& household, Step const& step)
     }
 }
 
+/// \return \a content without its books
+BudgetContent plan(BudgetContent content)
+{
+    content.books = {};
+    for (auto& [identifier, item] : content.items) {
+        item.account = {};
+    }
+    return content;
+}
+
 class HouseholdProperty : public HouseholdTest
 {};
 
@@ -252,11 +261,11 @@ RC_GTEST_FIXTURE_PROP(HouseholdProperty, AnyChangesLeaveWhatTheModelTellsInMemor
     model.content.rates.updateConversion(Currency::EUR, Currency::EUR, FloatingPoint(1.0), {});
     MemoryStore kept(model.content);
     Household lived(model.content, kept);
-    auto const steps = *rc::gen::inRange(1, 60);
+    auto const steps = pick(1, 60);
 
     for (auto count = 0; count < steps; ++count) {
         auto const step = anyStep(model);
-        auto const isFull = *rc::gen::inRange(0, 8) == 0;
+        auto const isFull = pick(0, 8) == 0;
         auto const transactions = kept.transactions();
         kept.setFull(isFull);
 
@@ -265,8 +274,8 @@ RC_GTEST_FIXTURE_PROP(HouseholdProperty, AnyChangesLeaveWhatTheModelTellsInMemor
         RC_ASSERT(accepted == (step.expected.has_value() && !isFull));
         RC_ASSERT(kept.transactions() - transactions == (step.expected ? 1 : 0));
         model.content = accepted ? *step.expected : model.content;
-        RC_ASSERT(lived.content() == model.content);
-        RC_ASSERT(kept.kept() == model.content);
+        RC_ASSERT(plan(lived.content()) == model.content);
+        RC_ASSERT(kept.kept() == lived.content());
     }
 }
 }

@@ -16,33 +16,36 @@ TEST_F(HouseholdTest, APlannedItemIsKeptAndStoredAlike)
 {
     auto const rent = bill("Rent");
 
-    household.add(rent);
+    add(rent);
 
-    EXPECT_EQ(household.content().items.at(rent.identifier), rent);
+    auto expected = rent;
+    expected.account = item(BudgetItemTypes::Bill, "Rent").account;
+    EXPECT_EQ(household.content().items.at(rent.identifier), expected);
     EXPECT_EQ(store.kept(), household.content());
 }
 
 TEST_F(HouseholdTest, EachChangeIsOneTransaction)
 {
-    household.add(bill("Rent"));
-    household.change(named(BudgetItemTypes::Bill, "Rent"), bill("Flat"));
+    add(bill("Rent"));
+    change(named(BudgetItemTypes::Bill, "Rent"), bill("Flat"));
+    household.rename(named(BudgetItemTypes::Bill, "Flat"), tlm::budgeting::BudgetSource("House"));
     household.configure(household.content().settings);
     household.setRates({});
-    household.remove(named(BudgetItemTypes::Bill, "Flat"));
+    household.remove(named(BudgetItemTypes::Bill, "House"));
 
-    EXPECT_EQ(store.transactions(), 5);
+    EXPECT_EQ(store.transactions(), 6);
 }
 
 TEST_F(HouseholdTest, SurroundingBlanksAreNoPartOfAName)
 {
-    household.add(bill("  Rent\t"));
+    add(bill("  Rent\t"));
 
     EXPECT_TRUE(household.content().items.contains(named(BudgetItemTypes::Bill, "Rent")));
 }
 
 TEST_F(HouseholdTest, LettersAreComposedSoThatTheyAreFoundAsTyped)
 {
-    household.add(bill(QString::fromUtf8("Cafe\xCC\x81")));
+    add(bill(QString::fromUtf8("Cafe\xCC\x81")));
 
     EXPECT_TRUE(household.content().items.contains(named(BudgetItemTypes::Bill, QString::fromUtf8("Caf\xC3\xA9"))));
 }
@@ -52,25 +55,24 @@ TEST_F(HouseholdTest, ANewItemsRhythmCountsFromItsNextOccurrence)
     auto rent = bill("Rent");
     rent.anchoredOn = {2020, 3, 15};
 
-    household.add(rent);
+    add(rent);
 
     EXPECT_EQ(household.content().items.at(rent.identifier).anchoredOn, rent.nextOccurOn);
 }
 
 TEST_F(HouseholdTest, ARenamedItemKeepsItsRhythm)
 {
-    auto content = dollarsAndEuros();
     auto rent = bill("Rent");
     rent.nextOccurOn = {2025, 2, 28}; // January's is paid
-    content.items.emplace(rent.identifier, rent);
-    MemoryStore kept(content);
-    Household paid(content, kept);
+    auto const budget = planning({rent});
+    MemoryStore kept(budget);
+    Household paid(budget.content, kept);
     auto flat = bill("Flat");
     flat.nextOccurOn = {2025, 2, 28};
     flat.anchoredOn = {2025, 2, 28};
     flat.amount = dollars(120);
 
-    paid.change(rent.identifier, flat);
+    paid.change(rent.identifier, flat, std::nullopt);
 
     ASSERT_EQ(paid.content().items.size(), 1U);
     EXPECT_EQ(paid.content().items.at(flat.identifier).anchoredOn, QDate(2025, 1, 31));
@@ -80,35 +82,34 @@ TEST_F(HouseholdTest, ARenamedItemKeepsItsRhythm)
 
 TEST_F(HouseholdTest, AnotherNextDateStartsTheRhythmAnew)
 {
-    household.add(bill("Rent"));
+    add(bill("Rent"));
     auto later = bill("Rent");
     later.nextOccurOn = {2025, 2, 15};
 
-    household.change(later.identifier, later);
+    change(later.identifier, later);
 
     EXPECT_EQ(household.content().items.at(later.identifier).anchoredOn, QDate(2025, 2, 15));
 }
 
 TEST_F(HouseholdTest, AnotherPeriodStartsTheRhythmAnew)
 {
-    auto content = dollarsAndEuros();
     auto rent = bill("Rent");
     rent.nextOccurOn = {2025, 2, 28};
-    content.items.emplace(rent.identifier, rent);
-    MemoryStore kept(content);
-    Household paid(content, kept);
+    auto const budget = planning({rent});
+    MemoryStore kept(budget);
+    Household paid(budget.content, kept);
     rent.period = EventFrequency::Quarterly;
 
-    paid.change(rent.identifier, rent);
+    paid.change(rent.identifier, rent, std::nullopt);
 
     EXPECT_EQ(paid.content().items.at(rent.identifier).anchoredOn, QDate(2025, 2, 28));
 }
 
 TEST_F(HouseholdTest, AnItemIsFoundWhateverItsCaseAndBlanks)
 {
-    household.add(bill("Rent"));
+    add(bill("Rent"));
 
-    household.change(named(BudgetItemTypes::Bill, " rent "), bill("RENT"));
+    change(named(BudgetItemTypes::Bill, " rent "), bill("RENT"));
     household.remove(named(BudgetItemTypes::Bill, "rEnT"));
 
     EXPECT_TRUE(household.content().items.empty());
@@ -117,8 +118,8 @@ TEST_F(HouseholdTest, AnItemIsFoundWhateverItsCaseAndBlanks)
 
 TEST_F(HouseholdTest, TypesMayShareAName)
 {
-    household.add(bill("Car"));
-    household.add(planned(BudgetItemTypes::Debt, "Car"));
+    add(bill("Car"));
+    add(planned(BudgetItemTypes::Debt, "Car"));
 
     EXPECT_EQ(household.content().items.size(), 2U);
 }
@@ -167,14 +168,16 @@ TEST_F(HouseholdTest, TheProcessTotalsByTheLastHouseholdsRatesAndWeek)
 /// The content must not run ahead of what is kept.
 TEST_F(HouseholdTest, AFailingStoreLeavesTheContentAsItWas)
 {
-    household.add(bill("Rent"));
+    add(bill("Rent"));
     auto const before = household.content();
     auto settings = before.settings;
     settings.dueWithin = std::chrono::days(3);
     store.setFull(true);
 
-    EXPECT_THROW(household.add(bill("Water")), std::runtime_error);
-    EXPECT_THROW(household.change(named(BudgetItemTypes::Bill, "Rent"), bill("Flat")), std::runtime_error);
+    EXPECT_THROW(add(bill("Water")), std::runtime_error);
+    EXPECT_THROW(change(named(BudgetItemTypes::Bill, "Rent"), bill("Flat")), std::runtime_error);
+    EXPECT_THROW(household.rename(named(BudgetItemTypes::Bill, "Rent"), tlm::budgeting::BudgetSource("Flat")),
+                 std::runtime_error);
     EXPECT_THROW(household.remove(named(BudgetItemTypes::Bill, "Rent")), std::runtime_error);
     EXPECT_THROW(household.configure(settings), std::runtime_error);
     EXPECT_THROW(setRate(Currency::EUR, Currency::USD, 1.2), std::runtime_error);

@@ -32,7 +32,7 @@ protected:
         if (item.debt) {
             item.debt->borrowed = amount;
         }
-        household.add(item);
+        add(item);
     }
 };
 
@@ -79,9 +79,12 @@ TEST_F(HouseholdTotalsTest, HourlyAndDailyItemsCountByTheBudgetsWorkingWeek)
 
 TEST_F(HouseholdTotalsTest, WhatHappensOnceCountsNothing)
 {
-    plan(BudgetItemTypes::Bill, "Wedding present", dollars(300), EventFrequency::None);
+    auto present = bill("Wedding present");
+    present.period = EventFrequency::None;
 
-    EXPECT_EQ(household.monthlyTotals().bills, dollars(0));
+    Household const opened(planning({present}).content, store);
+
+    EXPECT_EQ(opened.monthlyTotals().bills, dollars(0));
 }
 
 TEST_F(HouseholdTotalsTest, CurrenciesAddUpByTheBudgetsRates)
@@ -107,10 +110,17 @@ TEST_F(HouseholdTotalsTest, ATotalTooLargeToCountIsTold)
     auto const largest = Money::fromAmount(Currency::USD, std::numeric_limits<long long>::max());
     plan(BudgetItemTypes::Bill, "Rent", largest);
     plan(BudgetItemTypes::Bill, "Water", largest);
-    plan(BudgetItemTypes::Debt, "Car", largest);
-    plan(BudgetItemTypes::Debt, "House", largest);
 
     EXPECT_THROW(household.monthlyTotals(), Error);
+    EXPECT_THROW(household.health(), Error);
+}
+
+TEST_F(HouseholdTotalsTest, DebtsTooLargeToCountAreTold)
+{
+    setRate(Currency::EUR, Currency::USD, 2.0);
+    plan(BudgetItemTypes::Debt, "Car", Money::fromAmount(Currency::EUR, std::numeric_limits<long long>::max() / 2));
+    plan(BudgetItemTypes::Debt, "House", dollars(100));
+
     EXPECT_THROW(household.health(), Error);
 }
 

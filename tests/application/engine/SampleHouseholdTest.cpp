@@ -8,12 +8,15 @@
 #include <gmock/gmock.h>
 #include <map>
 #include <set>
+#include <utility>
 
 using ::testing::AllOf;
 using ::testing::Gt;
 using ::testing::Lt;
+using tlm::banking::BankAccountTypes;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::EventFrequency;
+using tlm::navigation::AllowSubAccounts;
 
 namespace tallymere::engine {
 
@@ -22,7 +25,8 @@ namespace {
 class SampleHouseholdTest : public HouseholdTest, public ::testing::WithParamInterface<QDate>
 {
 protected:
-    BudgetContent content = sampleHousehold(GetParam());
+    NewBudget budget = sampleHousehold(GetParam());
+    BudgetContent const& content = budget.content;
     Household sample{content, store};
 };
 
@@ -47,6 +51,46 @@ TEST_P(SampleHouseholdTest, PlansARealHousehold)
     EXPECT_GE(periodsOfBills.size(), 9U);
     EXPECT_EQ(currencies, content.settings.usable);
     EXPECT_EQ(currencies.size(), 2U);
+}
+
+TEST_P(SampleHouseholdTest, HasAccountsAtTwoBanks)
+{
+    std::map<BankAccountTypes, int> counts;
+    for (auto const& bank : sample.openBanks()) {
+        for (auto const& account : sample.bankAccounts(bank, AllowSubAccounts::No)) {
+            ++counts[account.type];
+            EXPECT_GT(sample.balance(account.number), 0);
+        }
+    }
+
+    EXPECT_EQ(sample.openBanks().size(), 2U);
+    EXPECT_EQ(counts, (std::map<BankAccountTypes, int>{{BankAccountTypes::Checking, 1},
+                                                       {BankAccountTypes::Savings, 2},
+                                                       {BankAccountTypes::CreditCard, 1},
+                                                       {BankAccountTypes::Loan, 2}}));
+}
+
+TEST_P(SampleHouseholdTest, OwesItsDebtsToBanksAndStoresGoalsInAccountsThere)
+{
+    EXPECT_EQ(sample.keptAt(BudgetItemTypes::Debt).size(), 2U);
+    EXPECT_EQ(sample.keptAt(BudgetItemTypes::Goal).size(), 3U);
+}
+
+/// What a document that keeps the postings would count must be what the books tell.
+TEST_P(SampleHouseholdTest, BringsThePostingsThatItsTurnoversCount)
+{
+    std::map<tlm::accounting::AccountNumber, Turnover> counted;
+    for (auto const& posting : budget.postings) {
+        for (auto const& [number, amount] :
+             {std::pair(posting.debiting, posting.amount), std::pair(posting.crediting, -posting.amount)}) {
+            auto& turnover = counted.try_emplace(number, Turnover{fiscora::Money(amount.code()), 0}).first->second;
+            turnover.debited += amount;
+            ++turnover.postings;
+        }
+    }
+
+    EXPECT_EQ(budget.postings.size(), 6U);
+    EXPECT_EQ(counted, content.books.turnovers);
 }
 
 TEST_P(SampleHouseholdTest, HasARateForEachPairOfItsCurrencies)
@@ -99,7 +143,7 @@ TEST_P(SampleHouseholdTest, IsTheSameForTheSameDayInEveryTimeZone)
         qputenv("TZ", zone);
         tzset();
 
-        EXPECT_EQ(sampleHousehold(GetParam()), content) << zone;
+        EXPECT_EQ(sampleHousehold(GetParam()), budget) << zone;
         EXPECT_EQ(Household(content, store).due(GetParam()), sample.due(GetParam())) << zone;
     }
 

@@ -22,11 +22,12 @@ QProcessEnvironment underShim()
     return environment;
 }
 
-/// \return how many of numberedBill() from 0 on \a content plans; it must plan nothing else
+/// \return how many of numberedBill() from 0 on \a content plans; each must be paid, and it must hold nothing else
 int billsIn(engine::BudgetContent const& content)
 {
     auto const count = static_cast<int>(content.items.size());
     EXPECT_EQ(content.items, billsOnly(count).items);
+    EXPECT_EQ(content.books, billsOnly(count).books);
     return count;
 }
 }

@@ -25,7 +25,7 @@ class DamageTest : public StorageTest
 protected:
     void SetUp() override
     {
-        save(at("whole.budget"), billsOnly(200));
+        save(at("whole.budget"), billsOnly(200), payments(200));
         whole = bytesOf(at("whole.budget"));
     }
 

@@ -16,6 +16,19 @@ namespace {
 
 BudgetItemIdentifier const rent{BudgetItemTypes::Bill, BudgetSource("Rent")};
 
+/// \return a bill that household() has an account for, but doesn't plan
+engine::PlannedItem unplanned()
+{
+    auto bill = numberedBill(9);
+    bill.account = current;
+    return bill;
+}
+
+void add(Document& document, engine::PlannedItem const& item)
+{
+    document.transact([&] { document.add(item); });
+}
+
 mode_t modeOf(QString const& path)
 {
     struct stat found
@@ -74,8 +87,10 @@ TEST_F(DocumentTest, EveryKindOfChangeReachesTheFile)
             expected.items.insert(std::move(moved));
             document->remove({BudgetItemTypes::Debt, BudgetSource("Car")});
             expected.items.erase({BudgetItemTypes::Debt, BudgetSource("Car")});
-            document->add(numberedBill(7));
-            expected.items.emplace(numberedBill(7).identifier, numberedBill(7));
+            auto bill = numberedBill(7);
+            bill.account = current;
+            document->add(bill);
+            expected.items.emplace(bill.identifier, bill);
         });
         EXPECT_EQ(document->content(), expected);
 
@@ -90,15 +105,16 @@ TEST_F(DocumentTest, AChangeThatThrowsTakesTheWholeTransactionBack)
     auto const document = Document::create(places, household());
 
     EXPECT_THROW(document->transact([&] {
-        document->add(numberedBill(1));
         document->remove(rent);
+        document->post(postings().front());
+        document->remove(tlm::banking::BankName("Gone"));
         throw std::runtime_error("no");
     }),
                  std::runtime_error);
 
     EXPECT_EQ(document->content(), household());
     EXPECT_FALSE(document->isDirty());
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     EXPECT_EQ(document->content().items.size(), household().items.size() + 1);
 }
 
@@ -114,21 +130,21 @@ TEST_F(DocumentTest, ChangesNeedATransactionAndTransactionsDoNotNest)
 TEST_F(DocumentTest, ANameIsTakenOnceInAKindWhateverItsCase)
 {
     auto const document = Document::create(places, household());
-    auto twin = numberedBill(1);
+    auto twin = unplanned();
     twin.identifier = {BudgetItemTypes::Wage, BudgetSource(" CAFÉ «ZUR STRAßE»")};
 
-    auto const refusal = refusalOf([&] { plan(*document, twin); });
+    auto const refusal = refusalOf([&] { add(*document, twin); });
 
     EXPECT_THAT(refusal.toStdString(), ::testing::HasSubstr("planned already"));
     EXPECT_EQ(document->content(), household());
     twin.identifier.type = BudgetItemTypes::Bill;
-    EXPECT_NO_THROW(plan(*document, twin));
+    EXPECT_NO_THROW(add(*document, twin));
 }
 
 TEST_F(DocumentTest, ChangingOrRemovingWhatIsNotPlannedIsRefused)
 {
     auto const document = Document::create(places, household());
-    auto const unknown = numberedBill(9);
+    auto const unknown = unplanned();
 
     EXPECT_NE(refusalOf([&] { document->transact([&] { document->remove(unknown.identifier); }); }), QString());
     EXPECT_NE(refusalOf([&] { document->transact([&] { document->change(unknown.identifier, unknown); }); }),
@@ -140,16 +156,16 @@ TEST_F(DocumentTest, ChangingOrRemovingWhatIsNotPlannedIsRefused)
 TEST_F(DocumentTest, ValuesThatBreakARuleOfTheFileAreRefused)
 {
     auto const document = Document::create(places, household());
-    auto free = numberedBill(1);
+    auto free = unplanned();
     free.amount = Money(Currency::EUR);
-    auto unspeakable = numberedBill(1);
+    auto unspeakable = unplanned();
     unspeakable.identifier.source = BudgetSource(QString(QChar(0xD800)));
-    auto dateless = numberedBill(1);
+    auto dateless = unplanned();
     dateless.nextOccurOn = QDate();
 
-    EXPECT_NE(refusalOf([&] { plan(*document, free); }), QString());
-    EXPECT_NE(refusalOf([&] { plan(*document, unspeakable); }), QString());
-    EXPECT_NE(refusalOf([&] { plan(*document, dateless); }), QString());
+    EXPECT_NE(refusalOf([&] { add(*document, free); }), QString());
+    EXPECT_NE(refusalOf([&] { add(*document, unspeakable); }), QString());
+    EXPECT_NE(refusalOf([&] { add(*document, dateless); }), QString());
 
     EXPECT_EQ(document->content(), household());
 }
@@ -159,11 +175,11 @@ TEST_F(DocumentTest, IsDirtyWhileItDiffersFromItsFile)
     save(at("home.budget"));
     auto const document = Document::open(places, at("home.budget"));
 
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     EXPECT_TRUE(document->isDirty());
-    document->transact([&] { document->remove(numberedBill(1).identifier); });
+    drop(*document, 1);
     EXPECT_FALSE(document->isDirty());
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     document->save();
     EXPECT_FALSE(document->isDirty());
 }
@@ -172,7 +188,7 @@ TEST_F(DocumentTest, ANewBudgetIsDirtyOnceItDiffersFromHowItBegan)
 {
     auto const document = Document::create(places, household());
 
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
 
     EXPECT_TRUE(document->isDirty());
 }
@@ -180,7 +196,7 @@ TEST_F(DocumentTest, ANewBudgetIsDirtyOnceItDiffersFromHowItBegan)
 TEST_F(DocumentTest, IsDirtyWhenItsFileHasGoneOrChanged)
 {
     save(at("home.budget"));
-    save(at("other.budget"), billsOnly(3));
+    save(at("other.budget"), billsOnly(3), payments(3));
     auto const document = Document::open(places, at("home.budget"));
     auto const original = bytesOf(at("home.budget"));
 
@@ -210,7 +226,7 @@ TEST_F(DocumentTest, SaveAsMovesTheDocumentToItsNewNameAndLeavesTheOldFile)
 {
     save(at("home.budget"));
     auto const document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
 
     document->saveAs(at("new.budget"));
 
@@ -225,7 +241,7 @@ TEST_F(DocumentTest, SaveAsItsOwnNameSaves)
 {
     save(at("home.budget"));
     auto const document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
 
     document->saveAs(at("./home.budget"));
 
@@ -235,9 +251,9 @@ TEST_F(DocumentTest, SaveAsItsOwnNameSaves)
 TEST_F(DocumentTest, ReloadingGivesUpChangesAndReadsTheFileAnew)
 {
     save(at("home.budget"));
-    save(at("other.budget"), billsOnly(3));
+    save(at("other.budget"), billsOnly(3), payments(3));
     auto const document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     writeBytes(at("home.budget"), bytesOf(at("other.budget")));
 
     engine::BudgetContent examined;
@@ -252,7 +268,7 @@ TEST_F(DocumentTest, AFileThatIsRefusedOnReloadLeavesTheContent)
 {
     save(at("home.budget"));
     auto const document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     auto const content = document->content();
 
     EXPECT_THROW(document->reload([](engine::BudgetContent const&) { throw std::range_error("too odd"); }),
@@ -266,7 +282,7 @@ TEST_F(DocumentTest, AFileThatCannotBeReloadedLeavesTheContent)
 {
     save(at("home.budget"));
     auto const document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     auto const content = document->content();
     writeBytes(at("home.budget"), "rubbish");
 
@@ -295,11 +311,26 @@ TEST_F(DocumentTest, AClosedDocumentLeavesNothingButItsFile)
 {
     save(at("home.budget"));
     auto document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     document.reset();
 
     EXPECT_EQ(workingFiles(), QStringList());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"home.budget"});
+}
+
+TEST_F(DocumentTest, AFileThatLacksACurrencyGetsIt)
+{
+    save(at("home.budget"));
+    SQLite::Database(at("home.budget").toStdString(), SQLite::OPEN_READWRITE)
+        .exec("DELETE FROM currencies WHERE code IN ('USD', 'ZWL')");
+    auto const document = Document::open(places, at("home.budget"));
+    EXPECT_FALSE(document->isDirty());
+    auto settings = household().settings;
+    settings.usable.insert(Currency::USD);
+
+    document->transact([&] { document->write(settings); });
+
+    EXPECT_EQ(document->content().settings, settings);
 }
 
 TEST_F(DocumentTest, TheFileTellsWhatItIs)
@@ -314,7 +345,7 @@ TEST_F(DocumentTest, TheFileTellsWhatItIs)
     };
 
     EXPECT_EQ(number("PRAGMA application_id"), 0x544C4D42);
-    EXPECT_EQ(number("PRAGMA user_version"), 1);
+    EXPECT_EQ(number("PRAGMA user_version"), 2);
     EXPECT_EQ(number("SELECT sum(amount) FROM items JOIN currencies ON code = currency WHERE source = 'Rent'"),
               10'000'000);
     EXPECT_EQ(number("SELECT unit FROM currencies WHERE code = 'KWD'"), 100'000);

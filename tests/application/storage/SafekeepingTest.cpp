@@ -189,7 +189,7 @@ TEST_F(SafekeepingTest, WorkThatStandsInTheFileIsNotOffered)
 {
     save(at("home.budget"), billsOnly(0));
     crash(at("home.budget"));
-    save(at("same.budget"), billsOnly(1));
+    save(at("same.budget"), billsOnly(1), payments(1));
     writeBytes(at("home.budget"), bytesOf(at("same.budget")));
 
     EXPECT_TRUE(Document::orphans(places).empty());
@@ -226,7 +226,7 @@ TEST_F(SafekeepingTest, TheLastFiveSavesAreKept)
     auto const document = Document::create(places, billsOnly(0));
     document->saveAs(at("home.budget"));
     for (auto number = 0; number < 6; ++number) {
-        plan(*document, numberedBill(number));
+        plan(*document, number);
         document->save();
     }
 
@@ -243,7 +243,7 @@ TEST_F(SafekeepingTest, WhatAnotherProgramWroteIsKeptBeforeItIsReplaced)
 {
     save(at("home.budget"));
     auto const document = Document::open(places, at("home.budget"));
-    plan(*document, numberedBill(1));
+    plan(*document, 1);
     writeBytes(at("home.budget"), "another program's words");
 
     document->save();

@@ -63,7 +63,7 @@ int count(Document const& document)
 void hold(Places const& places, QString const& file)
 {
     auto const document = file.isEmpty() ? Document::create(places, billsOnly(0)) : Document::open(places, file);
-    plan(*document, numberedBill(count(*document)));
+    plan(*document, count(*document));
     tell("ready");
     std::cin.ignore(std::numeric_limits<std::streamsize>::max());
 }
@@ -73,7 +73,7 @@ void changeAndSave(Places const& places, QString const& file)
     auto const document = Document::open(places, file);
     tell("ready");
     for (auto number = count(*document);; ++number) {
-        plan(*document, numberedBill(number));
+        plan(*document, number);
         tell(std::to_string(number + 1));
         if (number % 3 == 0) {
             document->save();
@@ -85,7 +85,7 @@ void die(Places const& places, QString const& file, long call)
 {
     auto const document = Document::open(places, file);
     auto const number = count(*document);
-    plan(*document, numberedBill(number));
+    plan(*document, number);
     tell(std::to_string(number + 1));
     arm(call, 0);
     document->save();
@@ -104,7 +104,7 @@ public:
     {
         QFile::remove(file_);
         QFile::remove(target());
-        Document::create(places_, billsOnly(1))->saveAs(file_);
+        Document::create(places_, billsOnly(1), payments(1))->saveAs(file_);
     }
 
     /// \return whether the task has as many calls
@@ -112,7 +112,7 @@ public:
     {
         auto const document = Document::open(places_, file_);
         if (task_ != "change") {
-            plan(*document, numberedBill(1));
+            plan(*document, 1);
         }
         arm(call, error);
         auto const isDone = attempt(*document);
@@ -130,7 +130,7 @@ private:
     {
         try {
             if (task_ == "change" && count(document) == 1) {
-                plan(document, numberedBill(1));
+                plan(document, 1);
             } else if (task_ == "save") {
                 document.save();
             } else if (task_ == "saveAs") {

@@ -1,8 +1,9 @@
-#include "StorageTest.h"
+#include "RefusalTest.h"
 
 #include <QDir>
 #include <QDirIterator>
 
+#include <SQLiteCpp/Database.h>
 #include <unistd.h>
 
 using tallymere::engine::BudgetContent;
@@ -40,9 +41,10 @@ QString refusalOf(std::function<void()> const& attempt)
     return {};
 }
 
-void StorageTest::save(QString const& filePathName, BudgetContent const& content) const
+void StorageTest::save(QString const& filePathName, BudgetContent const& content,
+                       std::vector<engine::Posting> const& counted) const
 {
-    Document::create(places, content)->saveAs(filePathName);
+    Document::create(places, content, counted)->saveAs(filePathName);
 }
 
 BudgetContent StorageTest::contentOf(QString const& filePathName) const
@@ -57,6 +59,28 @@ BudgetContent StorageTest::contentOf(QString const& filePathName) const
 QStringList StorageTest::workingFiles() const
 {
     return QDir(places.workingCopies).entryList(QDir::Files | QDir::Hidden);
+}
+
+void run(QString const& filePathName, char const* sql)
+{
+    SQLite::Database(filePathName.toStdString(), SQLite::OPEN_READWRITE).exec(sql);
+}
+
+std::string RefusalTest::refused(QString const& filePathName) const
+{
+    auto const before = QFileInfo(filePathName).isFile() ? bytesOf(filePathName) : QByteArray();
+    auto const sentence = refusalOf([&] { Document::open(places, filePathName); });
+    EXPECT_EQ(QFileInfo(filePathName).isFile() ? bytesOf(filePathName) : QByteArray(), before);
+    EXPECT_EQ(workingFiles(), QStringList());
+    return sentence.toStdString();
+}
+
+std::string RefusalTest::refusedAfter(char const* sql, BudgetContent const& content,
+                                      std::vector<engine::Posting> const& counted) const
+{
+    save(at("tampered.budget"), content, counted);
+    run(at("tampered.budget"), sql);
+    return refused(at("tampered.budget"));
 }
 
 OrdinaryUser::OrdinaryUser(QString const& home) : isRoot_(::geteuid() == 0)

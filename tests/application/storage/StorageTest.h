@@ -10,6 +10,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <vector>
 
 namespace tallymere::storage::testing {
 
@@ -25,8 +26,9 @@ class StorageTest : public ::testing::Test
 protected:
     QString at(QString const& name) const { return folder.path() + '/' + name; }
 
-    /// Saves \a content at \a filePathName and closes it.
-    void save(QString const& filePathName, engine::BudgetContent const& content = household()) const;
+    /// Saves \a content, whose turnovers count \a counted, at \a filePathName and closes it.
+    void save(QString const& filePathName, engine::BudgetContent const& content = household(),
+              std::vector<engine::Posting> const& counted = {}) const;
 
     /// \return what stands in the file, read as any program would read it, without a lock
     engine::BudgetContent contentOf(QString const& filePathName) const;

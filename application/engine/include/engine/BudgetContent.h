@@ -1,5 +1,6 @@
 #pragma once
 
+#include <engine/Books.h>
 #include <engine/PlannedItem.h>
 #include <engine/Settings.h>
 #include <tlm/budgeting/BudgetItemIdentifier.h>
@@ -14,12 +15,13 @@ namespace tallymere::engine {
 /// Each item under its own identifier, ordered by type and source.
 using PlannedItems = std::map<tlm::budgeting::BudgetItemIdentifier, PlannedItem>;
 
-/// All that a document holds.
+/// All that a document holds but the postings, which are read where they are needed.
 struct BudgetContent
 {
     Settings settings;
     tlm::conversion::ConversionMap rates;
     PlannedItems items;
+    Books books;
 
     friend bool operator==(BudgetContent const&, BudgetContent const&) = default;
 };

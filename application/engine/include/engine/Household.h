@@ -3,15 +3,26 @@
 #include <engine/BudgetContent.h>
 #include <engine/Store.h>
 #include <tlm/adviser/BudgetHealth.h>
+#include <tlm/banking/AccountNumberBankType.h>
+#include <tlm/banking/BankAccount.h>
 #include <tlm/budgeting/BudgetItemAmountDue.h>
 #include <tlm/budgeting/BudgetTotals.h>
+#include <tlm/navigation/AllowSubAccounts.h>
+#include <tlm/navigation/BudgetBankAccount.h>
 
 #include <cstddef>
+#include <memory>
+#include <optional>
+#include <set>
 #include <vector>
 
 namespace tallymere::engine {
 
-/// The budget in memory: checks every change, stores it, then takes it over.
+class BooksDraft;
+class Chart;
+class Plan;
+
+/// The budget and its books in memory: checks every change, stores it, then takes it over.
 ///
 /// A refused change throws a foundation::Error whose message tells the person what, why and what to do; neither the
 /// store nor the content has moved then. What the store throws passes through, and the content stays as it was.
@@ -29,20 +40,61 @@ public:
     Household(BudgetContent content, Store& store);
     Household(Household const&) = delete;
     Household& operator=(Household const&) = delete;
+    ~Household();
 
     BudgetContent const& content() const;
 
-    /// Plans \a item. Its rhythm counts from its next occurrence on, whatever its anchor.
-    void add(PlannedItem item);
+    /// Plans \a item and makes its ledger account. Its rhythm counts from its next occurrence on, whatever its anchor.
+    ///
+    /// A debt opens with the sum borrowed as its balance, posted on \a openedOn.
+    /// \param keptAt the bank and the kind of account of a debt, whose number doesn't matter; the bank account under
+    ///        which a goal is stored; none for the other types
+    void add(PlannedItem item, std::optional<tlm::banking::BankAccount> const& keptAt, QDate const& openedOn);
 
-    /// Puts \a item in the place of \a original, which is found without regard to case and surrounding blanks.
+    /// Puts \a item in the place of \a original, which is found without regard to case and surrounding blanks. Its
+    /// ledger account stays, under its name.
     ///
     /// Another period or next occurrence makes the rhythm count from that occurrence on. Otherwise the anchor stays,
     /// whatever the anchor of \a item.
-    void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem item);
+    /// \param keptAt as in add(); none leaves the account where it is
+    void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem item,
+                std::optional<tlm::banking::BankAccount> const& keptAt);
 
-    /// Drops the item, which is found as change() finds it.
+    /// Gives the item, which is found as change() finds it, and its ledger account another name.
+    void rename(tlm::budgeting::BudgetItemIdentifier const& original, tlm::budgeting::BudgetSource const& changed);
+
+    /// Drops the item, which is found as change() finds it, with its ledger account and the balance that it opened with.
+    /// Refused while any other posting needs them.
     void remove(tlm::budgeting::BudgetItemIdentifier const& identifier);
+
+    void addBank(tlm::banking::BankName const& name);
+
+    /// Makes an account at the bank \a bank, and posts \a openingBalance unless it is zero.
+    /// \param openingBalance in the account's currency; what the household has in an asset account, what it owes in others
+    tlm::accounting::AccountNumber addBankAccount(tlm::banking::BankName const& bank, QString const& name,
+                                                  tlm::banking::BankAccountTypes type,
+                                                  fiscora::Money const& openingBalance, QDate const& openedOn);
+
+    PostingId post(Posting const& posting);
+
+    /// \return what the account holds: debits less credits of assets and expenses, credits less debits of the others
+    fiscora::Money balance(tlm::accounting::AccountNumber const& number) const;
+
+    /// \return the codes of all accounts of the type \a type
+    std::set<tlm::accounting::AccountCode> codes(tlm::accounting::AccountTypes type) const;
+
+    /// \return the banks that aren't closed
+    std::set<tlm::banking::BankName> openBanks() const;
+
+    /// \return the open accounts of a bank with their kinds, none for a bank that isn't known.
+    /// \param shouldAllow tells whether accounts below them are among them: those of goals as goal accounts, others with
+    ///        the kind of the account that they stand under
+    std::set<tlm::banking::AccountNumberBankType> bankAccounts(tlm::banking::BankName const& bank,
+                                                               tlm::navigation::AllowSubAccounts shouldAllow) const;
+
+    /// \return where the debts or the goals are kept, as far as they are: a debt's own account, or the account under
+    ///         which a goal is stored; nothing for the other types
+    std::set<tlm::navigation::BudgetBankAccount> keptAt(tlm::budgeting::BudgetItemTypes type) const;
 
     /// Also gives each usable currency the rate 1 for itself, which a whole table of rates needs.
     void configure(Settings settings);
@@ -66,12 +118,16 @@ public:
     tlm::adviser::BudgetHealth health() const;
 
 private:
-    PlannedItems::const_iterator find(tlm::budgeting::BudgetItemIdentifier const& tidied) const;
-    PlannedItems::const_iterator planned(tlm::budgeting::BudgetItemIdentifier const& identifier) const;
-    void check(PlannedItem const& item, PlannedItems::const_iterator replaced) const;
+    PlannedItem const& planned(tlm::budgeting::BudgetItemIdentifier const& identifier) const;
+    void check(PlannedItem const& item) const;
+    void checkUnused(tlm::budgeting::BudgetItemIdentifier const& name, PlannedItem const* replaced) const;
+    void replace(PlannedItem const& before, PlannedItem const& after, BooksDraft& draft);
+    PostingId keep(BooksDraft& draft);
     void countInProcess() const;
 
     BudgetContent content_;
     Store& store_;
+    std::unique_ptr<Chart> chart_;
+    std::unique_ptr<Plan> plan_;
 };
 }

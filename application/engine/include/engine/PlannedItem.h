@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fiscora/Money.h>
+#include <tlm/accounting/AccountNumber.h>
 #include <tlm/budgeting/BudgetItemIdentifier.h>
 #include <tlm/budgeting/EventFrequency.h>
 #include <tlm/foundation/Percentage.h>
@@ -25,9 +26,10 @@ struct PlannedItem
 {
     tlm::budgeting::BudgetItemIdentifier identifier; ///< the source without surrounding blanks
     fiscora::Money amount;                           ///< of one occurrence, above zero
-    tlm::budgeting::EventFrequency period{};         ///< `None` happens once
+    tlm::budgeting::EventFrequency period{};         ///< `None`, which old files may hold, happens once
     QDate anchoredOn;                                ///< the day its rhythm counts from, so that month ends never drift
     QDate nextOccurOn;                               ///< the first occurrence neither posted nor skipped
+    tlm::accounting::AccountNumber account;          ///< of its own in the books, which is made and renamed with it
     std::optional<DebtTerms> debt;                   ///< present for a debt, and only there
     std::optional<fiscora::Money> goalTotal;         ///< present for a goal, and only there; currency of the amount
 

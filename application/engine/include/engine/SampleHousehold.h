@@ -1,12 +1,13 @@
 #pragma once
 
-#include <engine/BudgetContent.h>
+#include <engine/NewBudget.h>
 
 class QDate;
 
 namespace tallymere::engine {
 
-/// \return a household to look around in: every type of item, several frequencies, two currencies with their rates, and
-///         dates around \a today, from overdue to some weeks ahead. It's the same for the same day.
-BudgetContent sampleHousehold(QDate const& today);
+/// \return a household to look around in: every type of item, several frequencies, two currencies with their rates,
+///         banks with accounts in which goals are stored, and dates around \a today, from overdue to some weeks ahead.
+///         It's the same for the same day.
+NewBudget sampleHousehold(QDate const& today);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <engine/BudgetContent.h>
+#include <engine/Posting.h>
 
 #include <functional>
+#include <map>
 
 namespace tallymere::engine {
 
@@ -27,5 +29,23 @@ public:
     /// Puts \a item in the place of \a original; its identifier may differ.
     virtual void change(tlm::budgeting::BudgetItemIdentifier const& original, PlannedItem const& item) = 0;
     virtual void remove(tlm::budgeting::BudgetItemIdentifier const& identifier) = 0;
+
+    /// Comes before the items, banks, postings and sub-accounts that tell of \a account.
+    virtual void add(BookAccount const& account) = 0;
+    /// Puts \a account in the place of \a original; its number may differ, and all that tells of it then follows.
+    virtual void change(tlm::accounting::AccountNumber const& original, BookAccount const& account) = 0;
+    /// Comes after all that tells of it.
+    virtual void remove(tlm::accounting::AccountNumber const& number) = 0;
+
+    virtual void add(tlm::banking::Bank const& bank) = 0;
+    /// Puts \a bank with its accounts in the place of \a original; its name may differ.
+    virtual void change(tlm::banking::BankName const& original, tlm::banking::Bank const& bank) = 0;
+    virtual void remove(tlm::banking::BankName const& name) = 0;
+
+    virtual PostingId post(Posting const& posting) = 0;
+    virtual void remove(PostingId const& id) = 0;
+
+    /// \return what was posted to the account of \a number. May be called outside of transact() too.
+    virtual std::map<PostingId, Posting> postingsOf(tlm::accounting::AccountNumber const& number) const = 0;
 };
 }

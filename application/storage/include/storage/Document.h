@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -31,9 +32,12 @@ class Document : public engine::Store
 
 public:
     /// Makes a document that has no file yet.
-    static std::unique_ptr<Document> create(Places const& places, engine::BudgetContent const& content);
+    /// \param postings what the turnovers of \a content count
+    static std::unique_ptr<Document> create(Places const& places, engine::BudgetContent const& content,
+                                            std::vector<engine::Posting> const& postings = {});
 
-    /// Opens a file after checking it whole. A refused file stays untouched, byte for byte.
+    /// Opens a file after checking it whole. A refused file stays untouched, byte for byte. One of an older version counts
+    /// as unchanged, and is saved as one of the present version.
     /// \param filePathName may be a symbolic link or relative to the current directory
     static std::unique_ptr<Document> open(Places const& places, QString const& filePathName);
 
@@ -73,6 +77,16 @@ public:
     void add(engine::PlannedItem const& item) override;
     void change(tlm::budgeting::BudgetItemIdentifier const& original, engine::PlannedItem const& item) override;
     void remove(tlm::budgeting::BudgetItemIdentifier const& identifier) override;
+    void add(engine::BookAccount const& account) override;
+    void change(tlm::accounting::AccountNumber const& original, engine::BookAccount const& account) override;
+    void remove(tlm::accounting::AccountNumber const& number) override;
+    void add(tlm::banking::Bank const& bank) override;
+    void change(tlm::banking::BankName const& original, tlm::banking::Bank const& bank) override;
+    void remove(tlm::banking::BankName const& name) override;
+    engine::PostingId post(engine::Posting const& posting) override;
+    void remove(engine::PostingId const& id) override;
+    std::map<engine::PostingId, engine::Posting>
+    postingsOf(tlm::accounting::AccountNumber const& number) const override;
 
 private:
     Document(Places places, std::unique_ptr<BudgetFile> file, std::unique_ptr<WorkingCopy> copy);
@@ -81,7 +95,7 @@ private:
     void settle();
     void writeOrigin() const;
     template <typename Change>
-    void keep(Change const& change);
+    auto keep(Change const& change);
 
     Places places_;
     std::unique_ptr<BudgetFile> file_; ///< none before the first save

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "UnsoundBudget.h"
+
+#include <fiscora/Currency.h>
+#include <fiscora/Money.h>
+
+#include <QDate>
+#include <QString>
+
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Statement.h>
+#include <string>
+
+/// Reads the values of a row by its columns, the first being 0.
+namespace tallymere::storage::rows {
+
+/// \throws UnsoundBudget unless the content keeps \a rule
+inline void require(bool isMet, char const* rule)
+{
+    if (!isMet) {
+        throw UnsoundBudget(UnsoundBudget::Reason::Damaged, rule);
+    }
+}
+
+inline QString text(SQLite::Statement const& row, int column)
+{
+    auto const value = row.getColumn(column);
+    return QString::fromUtf8(value.getText(), value.getBytes());
+}
+
+inline std::string word(SQLite::Statement const& row, int column)
+{
+    return row.getColumn(column).getString();
+}
+
+inline bool isNull(SQLite::Statement const& row, int column)
+{
+    return row.getColumn(column).isNull();
+}
+
+inline int number(SQLite::Statement const& row, int column)
+{
+    return row.getColumn(column).getInt();
+}
+
+inline long long integer(SQLite::Statement const& row, int column)
+{
+    return row.getColumn(column).getInt64();
+}
+
+inline fiscora::Currency currency(SQLite::Statement const& row, int column)
+{
+    return fiscora::toCurrency(word(row, column));
+}
+
+/// \throws UnsoundBudget for a text that is no date
+inline QDate date(SQLite::Statement const& row, int column)
+{
+    auto date = QDate::fromString(text(row, column), Qt::ISODate);
+    require(date.isValid(), "no date");
+    return date;
+}
+}

@@ -1,0 +1,104 @@
+#include "RefusalTest.h"
+
+namespace tallymere::storage {
+
+using namespace testing;
+using ::testing::HasSubstr;
+
+/// Budgets that another program has changed.
+class TamperedTest : public RefusalTest, public ::testing::WithParamInterface<char const*>
+{};
+
+TEST_P(TamperedTest, IsRefused)
+{
+    EXPECT_THAT(refusedAfter(GetParam(), bookkeeping(), postings()), HasSubstr("it is damaged"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Budgets, TamperedTest,
+    ::testing::Values(
+        "CREATE VIEW seen AS SELECT * FROM items", "CREATE TABLE more (a)", "CREATE INDEX i ON items (amount)",
+        "CREATE TRIGGER t AFTER UPDATE ON items BEGIN DELETE FROM items; END", "DROP TABLE rates",
+        "ALTER TABLE items ADD COLUMN note TEXT", "DELETE FROM settings",
+        "UPDATE currencies SET is_usable = 0 WHERE code = 'EUR'",
+        "UPDATE currencies SET is_usable = 0 WHERE code = 'JPY'", "UPDATE currencies SET unit = 100 WHERE code = 'EUR'",
+        "UPDATE items SET source_key = 'Rent'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE items SET source = '', source_key = '' WHERE kind = 'wage'",
+        "PRAGMA foreign_keys = OFF; UPDATE items SET currency = 'EEK' WHERE kind = 'bill'",
+        "PRAGMA foreign_keys = OFF; INSERT INTO currencies VALUES ('QQQ', 1, 1); UPDATE items SET currency = 'QQQ'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE items SET amount = -1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE items SET period = 'now and then'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE items SET kind = 'gift' WHERE kind = 'wage'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE items SET next_occur_on = '2026-02-30'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE items SET borrowed = NULL WHERE kind = 'debt'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE rates SET rate = -1"));
+
+// What breaks no rule of the tables is made with keys that are sure to be others' or nobody's.
+INSTANTIATE_TEST_SUITE_P(
+    Books, TamperedTest,
+    ::testing::Values(
+        "DROP INDEX postings_debiting", "DROP TABLE bank_accounts",
+        "DROP INDEX postings_made_from; CREATE INDEX postings_made_from ON postings (made_from)",
+        "PRAGMA foreign_keys = OFF; UPDATE accounts SET parent = 999 WHERE number = 5000",
+        "PRAGMA foreign_keys = OFF; DELETE FROM accounts WHERE number = 3001",
+        "PRAGMA foreign_keys = OFF; UPDATE accounts SET currency = 'JPY' WHERE number = 1001",
+        "PRAGMA foreign_keys = OFF; UPDATE accounts SET currency = 'EEK' WHERE number = 2002",
+        "PRAGMA foreign_keys = OFF; UPDATE postings SET currency = 'JPY' WHERE amount = 120000000",
+        "PRAGMA foreign_keys = OFF; UPDATE postings SET debiting = 999 WHERE amount = 1",
+        "PRAGMA foreign_keys = OFF; UPDATE postings SET made_from = 999 WHERE made_from IS NOT NULL",
+        "PRAGMA foreign_keys = OFF; UPDATE items SET account = 999 WHERE kind = 'bill'",
+        "PRAGMA foreign_keys = OFF; UPDATE bank_accounts SET bank = 999 WHERE kind = 'savings'",
+        "PRAGMA foreign_keys = OFF; UPDATE bank_accounts SET account = 999 WHERE kind = 'savings'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET parent = id WHERE number = 5000",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET number = 0 WHERE number = 5000",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET number = 4294967296 WHERE number = 5000",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET name = '' WHERE number = 5000",
+        "UPDATE accounts SET name = ' ' WHERE number = 5000",
+        "UPDATE accounts SET name = 'two' || char(10) || 'lines' WHERE number = 5000",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET type = 'Asset' WHERE number = 1002",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET purpose = 'slush fund' WHERE number = 1002",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET purpose = 'opening balances' WHERE number = 1002",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET is_closed = 2 WHERE number = 1002",
+        "UPDATE banks SET name_key = 'elsewhere' WHERE name = 'Gone'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE banks SET name = ' ', name_key = '' WHERE name = 'Gone'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE bank_accounts SET kind = 'SAVINGS' WHERE kind = 'savings'",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET crediting = debiting WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET amount = 0 WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET amount = -5 WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET status = 'Cleared' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2026-02-29' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '0000-12-31' WHERE amount = 1",
+        "UPDATE postings SET amount = 9223372036854775807 WHERE currency = 'EUR' AND status <> 'cleared'; "
+        "INSERT INTO postings (occurred_on, debiting, crediting, amount, currency, description, status) "
+        "SELECT occurred_on, debiting, crediting, amount, currency, description, status FROM postings "
+        "WHERE currency = 'EUR' AND status = 'reconciled'"));
+
+class TamperedFirstReleaseTest : public RefusalTest, public ::testing::WithParamInterface<char const*>
+{};
+
+TEST_P(TamperedFirstReleaseTest, IsRefused)
+{
+    ASSERT_TRUE(QFile::copy(RELEASED_BUDGETS "/released-1.budget", at("old.budget")));
+    run(at("old.budget"), GetParam());
+
+    EXPECT_THAT(refused(at("old.budget")), HasSubstr("it is damaged"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Budgets, TamperedFirstReleaseTest,
+    ::testing::Values("CREATE TABLE accounts (id)", "DROP TABLE rates", "PRAGMA user_version = 2",
+                      "PRAGMA ignore_check_constraints = ON; UPDATE items SET amount = -1",
+                      "UPDATE items SET source_key = 'Rent'",
+                      "PRAGMA foreign_keys = OFF; UPDATE items SET currency = 'EEK' WHERE kind = 'bill'"));
+
+TEST_F(RefusalTest, ABudgetOfTheFirstReleaseWhoseSumsCannotBeCountedIsRefused)
+{
+    ASSERT_TRUE(QFile::copy(RELEASED_BUDGETS "/released-1.budget", at("old.budget")));
+    run(at("old.budget"), "UPDATE items SET borrowed = 9223372036854775807 WHERE kind = 'debt'; "
+                          "INSERT INTO items SELECT 99, kind, 'Boat', 'boat', currency, amount, period, anchored_on, "
+                          "next_occur_on, borrowed, interest, interest_decimals, goal_total FROM items "
+                          "WHERE kind = 'debt'");
+
+    EXPECT_THAT(refused(at("old.budget")), HasSubstr("far larger than any budget"));
+}
+}
