@@ -69,7 +69,7 @@ protected:
     {
         auto settings = program->session().household().content().settings;
         settings.dueWithin = std::chrono::days(9);
-        program->session().household().configure(settings);
+        program->session().change([&](engine::Household& household) { household.configure(settings); });
     }
 
     tlm::testing::Home home;

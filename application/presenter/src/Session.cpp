@@ -29,6 +29,12 @@ bool Session::isDirty() const
     }
 }
 
+void Session::change(std::function<void(engine::Household&)> const& change)
+{
+    change(*household_);
+    emit changed();
+}
+
 void Session::beginEmpty()
 {
     take(storage::Document::create(places_, engine::emptyContent(QLocale())));

@@ -13,13 +13,11 @@ UnansweredPresenter::UnansweredPresenter(MainWindow& window) : window_(window)
 {
     using Wish = void (MainWindow::*)();
     for (Wish const wish :
-         {&MainWindow::prepareShowBills, &MainWindow::prepareShowDebts, &MainWindow::prepareShowGoals,
-          &MainWindow::prepareShowNontracks, &MainWindow::prepareShowWages, &MainWindow::prepareShowAccounts,
-          &MainWindow::prepareShowLedgers, &MainWindow::prepareShowBanks, &MainWindow::prepareShowProcessBudgetItems,
-          &MainWindow::prepareShowSurvey, &MainWindow::prepareShowMoneyTransfer,
-          &MainWindow::prepareShowBudgetItemRefund, &MainWindow::prepareShowExchangeRates,
-          &MainWindow::prepareShowConfigure, &MainWindow::prepareNewBudgetFirstTimeWizard,
-          &MainWindow::fetchReleaseNotes}) {
+         {&MainWindow::prepareShowAccounts, &MainWindow::prepareShowLedgers, &MainWindow::prepareShowBanks,
+          &MainWindow::prepareShowProcessBudgetItems, &MainWindow::prepareShowSurvey,
+          &MainWindow::prepareShowMoneyTransfer, &MainWindow::prepareShowBudgetItemRefund,
+          &MainWindow::prepareShowExchangeRates, &MainWindow::prepareShowConfigure,
+          &MainWindow::prepareNewBudgetFirstTimeWizard, &MainWindow::fetchReleaseNotes}) {
         connect(&window_, wish, this, &UnansweredPresenter::tell);
     }
 }

@@ -11,6 +11,9 @@ WindowTitle::WindowTitle(QWidget& window, Session& session)
 {
     connect(&session_, &Session::replaced, this, &WindowTitle::tell);
     connect(&session_, &Session::saved, this, &WindowTitle::tell);
+    connect(&session_, &Session::changed, &atRest_, qOverload<>(&QTimer::start));
+    connect(&atRest_, &QTimer::timeout, this, &WindowTitle::markUnsaved);
+    atRest_.setSingleShot(true);
 }
 
 void WindowTitle::tell()
@@ -21,6 +24,12 @@ void WindowTitle::tell()
     auto const plain = QString(name).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     window_.setWindowFilePath(filePathName);
     window_.setWindowTitle(QStringLiteral("%1[*] - %2").arg(plain, product_));
+    markUnsaved();
+}
+
+void WindowTitle::markUnsaved()
+{
+    atRest_.stop();
     window_.setWindowModified(session_.isDirty());
 }
 }

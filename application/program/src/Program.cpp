@@ -33,6 +33,7 @@ Program::Program(StartOptions const& options)
       window_(wording_),
       title_(window_, session_),
       dashboard_(window_, session_),
+      planning_(window_, session_),
       budgetFile_(window_, session_),
       unanswered_(window_)
 {

@@ -127,7 +127,7 @@ TEST_F(BudgetFilePresenterTest, ReloadingReadsTheFileAgain)
 
     emit window.reloadBudgetFile();
 
-    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()));
+    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()).content);
     EXPECT_EQ(status(), QStringLiteral("Reloaded: '%1'").arg(path));
     EXPECT_EQ(dashboards.count(), 1);
 }

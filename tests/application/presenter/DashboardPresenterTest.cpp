@@ -5,11 +5,13 @@
 
 #include <QLabel>
 #include <QTableWidget>
+#include <QTextEdit>
 
 namespace tallymere::presenter {
 namespace {
 
 using tlm::testing::child;
+using tlm::testing::expectMessage;
 
 class DashboardPresenterTest : public PresenterTest
 {
@@ -71,6 +73,29 @@ TEST_F(DashboardPresenterTest, ShowsTheBudgetThatIsOpenNow)
 
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(child<QTableWidget>(window, "budgetItemsDueTblwdgt").rowCount(), 0);
+}
+
+TEST_F(DashboardPresenterTest, ABudgetTooLargeToCountSaysSoWhereTheAdviceStands)
+{
+    expectMessage(QtWarningMsg, "Failed to count the budget");
+    session.change([](engine::Household& household) {
+        fiscora::Money const huge(household.content().settings.preferred, 600'000'000'000'000, 0, 0);
+        for (auto const* const name : {"Castle", "Moon"}) {
+            engine::PlannedItem item;
+            item.identifier = {tlm::budgeting::BudgetItemTypes::Bill, tlm::budgeting::BudgetSource(name)};
+            item.amount = huge;
+            item.period = tlm::budgeting::EventFrequency::Monthly;
+            item.nextOccurOn = QDate::currentDate();
+            household.add(item, {}, QDate::currentDate());
+        }
+    });
+
+    emit window.prepareShowDashboard();
+
+    EXPECT_EQ(child<QTextEdit>(window, "infoTxtdt").toPlainText(),
+              "The budget's amounts add up to more than can be counted. Plan smaller ones, or correct the exchange "
+              "rates.");
+    EXPECT_EQ(child<QTableWidget>(window, "budgetItemsDueTblwdgt").rowCount(), 2);
 }
 }
 }

@@ -31,13 +31,14 @@ protected:
     {
         auto settings = session.household().content().settings;
         settings.dueWithin += std::chrono::days(1);
-        session.household().configure(settings);
+        session.change([&](engine::Household& household) { household.configure(settings); });
     }
 
     QString writeSample(QString const& name)
     {
         auto const path = home.path(name);
-        storage::Document::create(session.places(), engine::sampleHousehold(QDate::currentDate()))->saveAs(path);
+        auto const sample = engine::sampleHousehold(QDate::currentDate());
+        storage::Document::create(session.places(), sample.content, sample.postings)->saveAs(path);
         return path;
     }
 

@@ -2,6 +2,7 @@
 
 #include <storage/DocumentError.h>
 #include <tlm/budgeting/WorkingWeek.h>
+#include <tlm/foundation/Error.h>
 
 #include <QFile>
 #include <QSignalSpy>
@@ -25,7 +26,7 @@ TEST_F(SessionTest, OpensWhatAFileHolds)
 
     session.open(path);
 
-    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()));
+    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()).content);
     EXPECT_EQ(session.document().filePathName(), path);
     EXPECT_FALSE(session.isDirty());
     EXPECT_EQ(replaced.count(), 1);
@@ -52,7 +53,7 @@ TEST_F(SessionTest, OpeningTheOpenFileReadsItAgain)
 
     session.open(path);
 
-    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()));
+    EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()).content);
     EXPECT_FALSE(session.isDirty());
 }
 
@@ -90,9 +91,32 @@ TEST_F(SessionTest, ChangesAreInTheFileOnceSaved)
     EXPECT_EQ(session.household().content(), changed);
 }
 
+TEST_F(SessionTest, TellsOfAnAcceptedChangeOnceItIsMade)
+{
+    auto const before = session.household().content();
+    auto isMade = false;
+    QObject::connect(&session, &Session::changed, &window, [&] { isMade = session.household().content() != before; });
+    QSignalSpy const changed(&session, &Session::changed);
+
+    changeSomething();
+
+    EXPECT_TRUE(isMade);
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(SessionTest, TellsNothingOfAChangeThatIsRefused)
+{
+    QSignalSpy const changed(&session, &Session::changed);
+    auto const refused = [](engine::Household& household) { household.configure({}); };
+
+    EXPECT_THROW(session.change(refused), tlm::foundation::Error);
+
+    EXPECT_EQ(changed.count(), 0);
+}
+
 TEST_F(SessionTest, TheWorkingWeekOfTheOpenBudgetIsTheProcessOne)
 {
-    auto content = engine::sampleHousehold(QDate::currentDate());
+    auto content = engine::emptyContent(QLocale());
     content.settings.workingWeek = {std::chrono::hours(36), std::chrono::days(4)};
     auto const path = home.path("short-week.budget");
     storage::Document::create(session.places(), content)->saveAs(path);

@@ -13,14 +13,19 @@ protected:
 
 TEST_F(UnansweredPresenterTest, SaysThatAViewIsNotThereYet)
 {
-    emit window.prepareShowBills();
+    emit window.prepareShowAccounts();
 
     EXPECT_EQ(status(), "This isn't part of Tallymere yet. A later version brings it.");
 }
 
-TEST_F(UnansweredPresenterTest, LeavesTheDashboardToItsOwnPresenter)
+TEST_F(UnansweredPresenterTest, LeavesTheDashboardAndPlanningToTheirOwnPresenters)
 {
-    emit window.prepareShowDashboard();
+    using tlm::desktop_ui::MainWindow;
+    for (auto const wish :
+         {&MainWindow::prepareShowDashboard, &MainWindow::prepareShowBills, &MainWindow::prepareShowDebts,
+          &MainWindow::prepareShowGoals, &MainWindow::prepareShowNontracks, &MainWindow::prepareShowWages}) {
+        emit(window.*wish)();
+    }
 
     EXPECT_TRUE(status().isEmpty());
 }

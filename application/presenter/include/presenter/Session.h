@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 namespace tallymere::presenter {
@@ -23,7 +24,11 @@ public:
 
     storage::Places const& places() const { return places_; }
     storage::Document const& document() const { return *document_; }
-    engine::Household& household() { return *household_; }
+    engine::Household const& household() const { return *household_; }
+
+    /// Lets \a change act on the household.
+    /// \throws std::exception what the household refuses it with; nothing has changed then
+    void change(std::function<void(engine::Household&)> const& change);
 
     /// \return whether there is anything that closing would lose. A document that can't be compared counts as changed.
     bool isDirty() const;
@@ -41,6 +46,8 @@ public:
 signals:
     /// Another budget stands open, or the present one has been read again.
     void replaced();
+    /// A change was accepted.
+    void changed();
     void saved();
 
 private:

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 class QWidget;
 
@@ -10,6 +11,9 @@ namespace tallymere::presenter {
 class Session;
 
 /// Keeps the window's title telling which budget is open and whether it holds unsaved changes.
+///
+/// A new budget or a save is told at once. Comparing a changed budget with its file reads all of it, so a run of changes is
+/// told once, when the program comes to rest.
 class WindowTitle : public QObject
 {
     Q_OBJECT
@@ -21,9 +25,11 @@ public:
 
 private:
     void tell();
+    void markUnsaved();
 
     QWidget& window_;
     Session& session_;
     QString const product_;
+    QTimer atRest_;
 };
 }

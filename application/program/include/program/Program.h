@@ -2,6 +2,7 @@
 
 #include <presenter/BudgetFilePresenter.h>
 #include <presenter/DashboardPresenter.h>
+#include <presenter/PlanningPresenter.h>
 #include <presenter/Session.h>
 #include <presenter/UnansweredPresenter.h>
 #include <presenter/WindowTitle.h>
@@ -41,6 +42,7 @@ private:
     tlm::desktop_ui::MainWindow window_;
     presenter::WindowTitle title_;
     presenter::DashboardPresenter dashboard_;
+    presenter::PlanningPresenter planning_;
     presenter::BudgetFilePresenter budgetFile_;
     presenter::UnansweredPresenter unanswered_;
 };
