@@ -4,7 +4,6 @@
 #include "Connection.h"
 #include "ContentDigest.h"
 #include "ContentReader.h"
-#include "FileSystem.h"
 #include "Migration.h"
 #include "Schema.h"
 
@@ -70,9 +69,7 @@ std::unique_ptr<WorkingCopy> WorkingCopy::ofFile(QByteArray const& folder, Durab
     std::unique_ptr<WorkingCopy> copy(new WorkingCopy(WorkingFiles::make(folder)));
     auto raw = DurableFile::create(copy->files_.database());
     raw.copy(file);
-    raw.sync();
     raw.close(); // before the database opens it: closing a file lets go of every lock that the process has on it
-    filesystem::syncFolder(folder);
     copy->open();
     copy->prepare();
     return copy;
@@ -82,6 +79,7 @@ std::unique_ptr<WorkingCopy> WorkingCopy::ofOrphan(WorkingFiles files)
 {
     std::unique_ptr<WorkingCopy> copy(new WorkingCopy(std::move(files)));
     copy->isKept_ = true;
+    copy->isLasting_ = true;
     checkHeader(DurableFile::open(copy->files_.database()));
     copy->open();
     copy->prepare();
@@ -134,7 +132,7 @@ void WorkingCopy::migrate()
 }
 
 /// A copy that hadn't changed since it was made of something doesn't count as changed once it is migrated.
-void WorkingCopy::keepOrigin(QByteArray const& digestBefore) const
+void WorkingCopy::keepOrigin(QByteArray const& digestBefore)
 {
     if (auto const origin = files_.origin(); origin.digest == digestBefore) {
         write(Origin{origin.filePathName, digest()});
@@ -164,8 +162,32 @@ QByteArray const& WorkingCopy::digest() const
     return *digest_;
 }
 
+void WorkingCopy::write(Origin const& origin)
+{
+    if (isLasting_) {
+        files_.write(origin);
+    } else {
+        origin_ = origin;
+    }
+}
+
+/// Opening a budget would take the longer for it, and most are only looked at.
+void WorkingCopy::makeLasting()
+{
+    if (isLasting_) {
+        return;
+    }
+    auto database =
+        DurableFile::open(files_.database()); // closing it lets go of locks, but none is held between changes
+    database.sync();
+    database.close();
+    files_.write(origin_);
+    isLasting_ = true;
+}
+
 void WorkingCopy::begin()
 {
+    makeLasting();
     database_->exec("BEGIN IMMEDIATE");
     isInTransaction_ = true;
     content_.reset();

@@ -38,10 +38,11 @@ public:
     /// Has the files go with this object.
     void claim() { isKept_ = false; }
 
-    Origin origin() const { return files_.origin(); }
+    Origin origin() const { return isLasting_ ? files_.origin() : origin_; }
 
-    /// From now on, a crash leaves a copy that knows what it was made from.
-    void write(Origin const& origin) const { files_.write(origin); }
+    /// From its first change on, a crash leaves a copy that knows what it was made from. Until then it holds nothing that its
+    /// file doesn't, so a crash leaves nothing of use.
+    void write(Origin const& origin);
 
     engine::BudgetContent content() const;
     std::map<engine::PostingId, engine::Posting> postingsOf(tlm::accounting::AccountNumber const& number) const;
@@ -67,12 +68,15 @@ private:
     explicit WorkingCopy(WorkingFiles files);
 
     void open();
+    void makeLasting();
     void prepare();
     void migrate();
-    void keepOrigin(QByteArray const& digestBefore) const;
+    void keepOrigin(QByteArray const& digestBefore);
 
     WorkingFiles files_;
     bool isKept_ = false;
+    bool isLasting_ = false; ///< whether a power cut leaves all of it, with its origin
+    Origin origin_;          ///< while it isn't lasting
     std::optional<SQLite::Database> database_;
     std::optional<ContentWriter> writer_;
     bool isInTransaction_ = false;

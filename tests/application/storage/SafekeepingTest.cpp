@@ -72,6 +72,22 @@ TEST_F(SafekeepingTest, AFileOpenInAnotherProgramIsRefusedWithItsProcessAndHost)
     EXPECT_NO_THROW(Document::open(places, at("home.budget")));
 }
 
+TEST_F(SafekeepingTest, ACrashWithABudgetThatWasOnlyLookedAtLeavesNothingToRecover)
+{
+    save(at("home.budget"));
+    QProcess driver;
+    start(driver, "look", at("home.budget"));
+    ASSERT_FALSE(workingFiles().isEmpty());
+    driver.kill();
+    driver.waitForFinished();
+
+    auto const orphans = Document::orphans(places);
+
+    EXPECT_TRUE(orphans.empty());
+    EXPECT_TRUE(workingFiles().isEmpty()) << "what is of no use is tidied away";
+    EXPECT_EQ(contentOf(at("home.budget")), household());
+}
+
 TEST_F(SafekeepingTest, TheLockOfACrashedProgramIsTakenOver)
 {
     save(at("home.budget"));

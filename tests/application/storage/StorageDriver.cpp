@@ -1,6 +1,7 @@
 /// Does to a budget what the tests need another process for, and tells on its standard output how far it got.
 ///
 ///     storage-driver hold DATA FILE          opens FILE, or a new budget, adds a bill, and waits for its input to end
+///     storage-driver look DATA FILE          opens FILE, and waits for its input to end
 ///     storage-driver change DATA FILE        adds bills and saves until it is killed
 ///     storage-driver die DATA FILE CALL      adds a bill, and saves until the call of that number
 ///     storage-driver fault DATA FILE TASK ERROR   has each call of a TASK fail once
@@ -60,12 +61,23 @@ int count(Document const& document)
     return static_cast<int>(document.content().items.size());
 }
 
+void waitForInputToEnd()
+{
+    tell("ready");
+    std::cin.ignore(std::numeric_limits<std::streamsize>::max());
+}
+
+void look(Places const& places, QString const& file)
+{
+    auto const document = Document::open(places, file);
+    waitForInputToEnd();
+}
+
 void hold(Places const& places, QString const& file)
 {
     auto const document = file.isEmpty() ? Document::create(places, billsOnly(0)) : Document::open(places, file);
     plan(*document, count(*document));
-    tell("ready");
-    std::cin.ignore(std::numeric_limits<std::streamsize>::max());
+    waitForInputToEnd();
 }
 
 void changeAndSave(Places const& places, QString const& file)
@@ -192,6 +204,8 @@ void run(QStringList const& arguments)
     auto const file = arguments.value(3);
     if (task == "hold") {
         hold(places, file);
+    } else if (task == "look") {
+        look(places, file);
     } else if (task == "change") {
         changeAndSave(places, file);
     } else if (task == "die") {
