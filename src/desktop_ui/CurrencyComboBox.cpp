@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QScrollBar>
 
+#include <tuple>
 #include <utility>
 
 namespace tlm::desktop_ui {
@@ -35,9 +36,26 @@ struct CurrencyComboBox::Offer
 
     Currency read(QString const& text) const { return toCurrencyFromDisplayable(text, usable, displayAs); }
 
+    /// To measure a box is to measure each of its texts, so a box like the one that was measured last isn't measured again.
+    template <typename Measure>
+    QSize sizeOf(CurrencyComboBox const& box, Measure const& measure) const
+    {
+        auto const look = std::tuple(box.font(), box.style(), box.count(), box.minimumContentsLength(), box.iconSize(),
+                                     box.hasFrame(), box.sizeAdjustPolicy());
+        if (look != measuredLook) {
+            measuredSize = measure();
+            measuredLook = look;
+        }
+        return measuredSize;
+    }
+
     std::set<Currency> usable;
     CurrencyDisplayOptions displayAs;
     QStringList texts;
+
+private:
+    mutable std::tuple<QFont, QStyle const*, int, int, QSize, bool, SizeAdjustPolicy> measuredLook;
+    mutable QSize measuredSize;
 };
 
 CurrencyComboBox::CurrencyComboBox(foundation::QtPtr<QWidget> const& parent)
@@ -73,6 +91,11 @@ std::set<Currency> CurrencyComboBox::currencies() const
         }
     }
     return offered;
+}
+
+QSize CurrencyComboBox::sizeHint() const
+{
+    return offer_->sizeOf(*this, [this] { return QComboBox::sizeHint(); });
 }
 
 void CurrencyComboBox::showPopup()

@@ -15,7 +15,7 @@ namespace tallymere::program {
 
 namespace {
 
-constexpr std::chrono::milliseconds windowIconLater{100};
+constexpr std::chrono::milliseconds afterPainting{20}; // the figures of the budget come first, and nobody sees the wait
 
 struct ActionIcon
 {
@@ -91,9 +91,8 @@ QString plainText(QAction const& action)
 }
 
 /// Tool bars carry actions of their own: each wears the icon of the menu's action of the same text.
-void dress(QToolBar& bar, QList<QAction*> const& actions)
+void dress(QToolBar const& bar, QList<QAction*> const& actions)
 {
-    bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     for (auto* const action : bar.actions()) {
         for (auto const* const model : actions) {
             if (auto const* const entry = entryOf(*model);
@@ -103,18 +102,61 @@ void dress(QToolBar& bar, QList<QAction*> const& actions)
         }
     }
 }
+
+/// Keeps room for the icons to come, so that nothing moves then.
+void makeRoom(QToolBar& bar)
+{
+    bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    QPixmap blank(bar.iconSize());
+    blank.fill(Qt::transparent);
+    for (auto* const action : bar.actions()) {
+        action->setIcon(blank);
+    }
+}
+
+void dressShown(QMainWindow const& window)
+{
+    QApplication::setWindowIcon(own("tallymere"));
+    auto const actions = window.findChildren<QAction*>();
+    for (auto const* const bar : window.findChildren<QToolBar*>()) {
+        dress(*bar, actions);
+    }
+}
+
+/// Drawing pictures takes a good part of a start, so these come right after the window itself is on screen.
+class DresserOfShown : public QObject
+{
+public:
+    explicit DresserOfShown(QMainWindow& window) : QObject(&window), window_(window)
+    {
+        window_.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            window_.removeEventFilter(this);
+            QTimer::singleShot(afterPainting, this, [this] {
+                dressShown(window_);
+                deleteLater();
+            });
+        }
+        return false;
+    }
+
+private:
+    QMainWindow& window_;
+};
 }
 
 void dress(QMainWindow& window)
 {
-    // The window manager gets the picture in many sizes, which is no reason to keep a person from the window itself.
-    QTimer::singleShot(windowIconLater, &window, [] { QApplication::setWindowIcon(own("tallymere")); });
     for (auto* const menu : window.findChildren<QMenu*>()) {
         dressOnceOpened(*menu);
     }
-    auto const actions = window.findChildren<QAction*>();
     for (auto* const bar : window.findChildren<QToolBar*>()) {
-        dress(*bar, actions);
+        makeRoom(*bar);
     }
+    new DresserOfShown(window);
 }
 }

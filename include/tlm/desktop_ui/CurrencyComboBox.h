@@ -35,6 +35,8 @@ public:
     /// \return what the list offers, without the blank item; may be empty
     std::set<fiscora::Currency> currencies() const;
 
+    QSize sizeHint() const override;
+
     /// Opens the list wide enough for its longest text.
     void showPopup() override;
 

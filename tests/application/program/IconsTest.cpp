@@ -19,6 +19,14 @@ class IconsTest : public ::testing::TestWithParam<bool>
 protected:
     tlm::navigation::ConfigurationOptions wording{GetParam(), false};
     tlm::desktop_ui::MainWindow window{wording};
+
+    /// Until the window has been painted and has its icon.
+    void show()
+    {
+        QApplication::setWindowIcon({});
+        window.show();
+        ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::windowIcon().isNull(); }));
+    }
 };
 
 TEST_P(IconsTest, EveryEntryOfAnOpenedMenuButQtsOwnHasAPictureThatCanBeDrawn)
@@ -35,27 +43,51 @@ TEST_P(IconsTest, EveryEntryOfAnOpenedMenuButQtsOwnHasAPictureThatCanBeDrawn)
     }
 }
 
-TEST_P(IconsTest, ToolBarEntriesWearTheMenusPictures)
+TEST_P(IconsTest, TheProgramSoonHasAWindowIcon)
 {
     dress(window);
 
+    show();
+
+    EXPECT_FALSE(QApplication::windowIcon().pixmap(64, 64).isNull());
+}
+
+TEST_P(IconsTest, ToolBarEntriesSoonWearTheMenusPictures)
+{
+    dress(window);
     auto const bars = window.findChildren<QToolBar*>();
     ASSERT_EQ(bars.size(), 2);
+    QList<QImage> before;
     for (auto const* const bar : bars) {
-        EXPECT_EQ(bar->actions().size(), 2);
+        ASSERT_EQ(bar->actions().size(), 2);
         for (auto const* const action : bar->actions()) {
-            EXPECT_FALSE(action->icon().pixmap(24, 24).isNull()) << action->text().toStdString();
+            before.append(action->icon().pixmap(24, 24).toImage());
+        }
+    }
+
+    show();
+
+    for (auto const* const bar : bars) {
+        for (auto const* const action : bar->actions()) {
+            EXPECT_NE(action->icon().pixmap(24, 24).toImage(), before.takeFirst()) << action->text().toStdString();
         }
     }
 }
 
-TEST_P(IconsTest, TheProgramSoonHasAWindowIcon)
+TEST_P(IconsTest, ToolBarsHaveRoomForTheirPicturesFromTheStart)
 {
-    QApplication::setWindowIcon({});
-
     dress(window);
+    auto const bars = window.findChildren<QToolBar*>();
+    auto const sizes = [&bars] {
+        QList<QSize> all;
+        std::ranges::transform(bars, std::back_inserter(all), [](auto const* bar) { return bar->sizeHint(); });
+        return all;
+    };
+    auto const before = sizes();
 
-    EXPECT_TRUE(QTest::qWaitFor([] { return !QApplication::windowIcon().pixmap(64, 64).isNull(); }));
+    show();
+
+    EXPECT_EQ(sizes(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(BothWordings, IconsTest, ::testing::Bool());
