@@ -1,8 +1,11 @@
 #include <fiscora/CurrencyCodes.h>
 #include <fiscora/Money.h>
+#include <tlm/accounting/AccountCode.h>
 #include <tlm/banking/BankAccount.h>
+#include <tlm/banking/BankName.h>
 #include <tlm/budgeting/BudgetedMoneyMap.h>
 #include <tlm/desktop_ui/MainWindow.h>
+#include <tlm/navigation/BudgetBankAccount.h>
 #include <tlm/navigation/ConfigurationOptions.h>
 #include <tlm/navigation/GuiElementIdentifier.h>
 
@@ -78,6 +81,29 @@ struct Planning
     std::set<fiscora::Currency> const usable = usableCurrencies();
 };
 
+/// Goals that each lie in an account of their own, all at one bank.
+struct StoredGoals
+{
+    explicit StoredGoals(benchmark::State const& state)
+    {
+        for (unsigned int number = 1; number <= state.range(0); ++number) {
+            budgeting::BudgetSource const source(QStringLiteral("Goal %1").arg(number));
+            fiscora::Money const amount(fiscora::Currency::EUR, number, 50, 0);
+            goals.emplace(source, budgeting::Goal(source, amount, budgeting::EventFrequency::Monthly,
+                                                  QDate(2024, 1, 31), fiscora::Money(amount.code(), 90'000, 0, 0)));
+            banking::BankAccount const account{bank, accounting::AccountNumber(number),
+                                               banking::BankAccountTypes::Savings};
+            keptAt.insert({source, account});
+            codes.emplace(account.number, source.name(), std::nullopt);
+        }
+    }
+
+    banking::BankName const bank{QStringLiteral("Riverside Bank")};
+    budgeting::GoalMap goals;
+    std::set<navigation::BudgetBankAccount> keptAt;
+    std::set<accounting::AccountCode> codes;
+};
+
 void countPerRow(benchmark::State& state)
 {
     state.counters["per_row"] =
@@ -101,6 +127,25 @@ void showBills(benchmark::State& state)
     }
     countPerRow(state);
     state.counters["KB_per_row"] = static_cast<double>(grown) / bytesInKilobyte / static_cast<double>(state.range(0));
+}
+
+/// Each row asks for the accounts of its bank while it loads, which nobody answers here.
+void showGoals(benchmark::State& state)
+{
+    Planning planning(state);
+    StoredGoals const stored(state);
+    auto& window = planning.window;
+    for ([[maybe_unused]] auto const _ : state) {
+        window.onShowGoals(stored.goals, stored.keptAt, stored.codes, {stored.bank}, fiscora::Currency::EUR,
+                           planning.usable, navigation::CurrencyDisplayOptions::Code,
+                           fiscora::Money(fiscora::Currency::EUR, 5'000, 0, 0));
+        QCoreApplication::processEvents();
+        window.repaint();
+        state.PauseTiming();
+        planning.end();
+        state.ResumeTiming();
+    }
+    countPerRow(state);
 }
 
 /// Saves when every row has changed, each answered inside the emission.
@@ -135,6 +180,7 @@ void saveBills(benchmark::State& state)
 }
 
 BENCHMARK(showBills)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(showGoals)->Arg(500)->Arg(2'000)->Iterations(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(saveBills)->Arg(500)->Arg(1'000)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)

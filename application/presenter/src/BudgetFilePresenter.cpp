@@ -2,6 +2,7 @@
 #include <presenter/Messages.h>
 #include <presenter/Session.h>
 #include <tlm/desktop_ui/MainWindow.h>
+#include <tlm/foundation/ScopeExecutor.h>
 
 #include <QFileInfo>
 #include <QMessageBox>
@@ -99,7 +100,12 @@ void BudgetFilePresenter::onSaveAsBudgetFile(QString const& filePathName)
 
 void BudgetFilePresenter::onCheckIsBudgetFileDirty()
 {
-    window_.onCheckCleanExit(session_.isDirty());
+    // The question waits within this call, so a second wish to close meanwhile finds it on screen already.
+    if (!isAskingToExit_) {
+        isAskingToExit_ = true;
+        tlm::foundation::ScopeExecutor const asked([this] { isAskingToExit_ = false; });
+        window_.onCheckCleanExit(session_.isDirty());
+    }
 }
 
 /// The file dialog asked about the name as it was typed, so a name that got its suffix here has to be asked about

@@ -88,6 +88,11 @@ void BankAccountsWidget::setCodes(std::set<AccountCode> const& codes)
     codes_ = shared<std::set<AccountCode>>(codes);
 }
 
+void BankAccountsWidget::shareCodes(std::shared_ptr<std::set<AccountCode> const> codes)
+{
+    codes_ = std::move(codes);
+}
+
 void BankAccountsWidget::setTypes(std::set<BankAccountTypes> const& types)
 {
     DisableSignalsTemporarily<QComboBox> const quiet(typeCmbbx);

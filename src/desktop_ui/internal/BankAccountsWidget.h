@@ -43,6 +43,9 @@ public:
     /// Resolves account numbers against \a codes from here on. The accounts offered stay.
     void setCodes(std::set<accounting::AccountCode> const& codes);
 
+    /// As setCodes(), for many widgets that know the same \a codes.
+    void shareCodes(std::shared_ptr<std::set<accounting::AccountCode> const> codes);
+
     /// Offers \a types anew, `Unspecified` too if it is among them, and chooses none of them, without a signal.
     void setTypes(std::set<banking::BankAccountTypes> const& types);
 

@@ -2,7 +2,7 @@
 
 #include "internal/BankAccountsWidget.h"
 #include "internal/BudgetedMoneyExtras.h"
-#include "internal/Shared.h"
+#include "internal/KnownAccounts.h"
 
 #include <tlm/budgeting/Debt.h>
 
@@ -22,8 +22,14 @@ BudgetedDebtEntryWidget::BudgetedDebtEntryWidget(std::set<banking::BankName> con
                                                  std::set<fiscora::Currency> const& usable,
                                                  navigation::CurrencyDisplayOptions const& displayAs,
                                                  foundation::QtPtr<QWidget> const& parent)
-    : BudgetedMoneyEntryWidget(usable, displayAs, parent),
-      accounts_(shared<std::set<navigation::BudgetBankAccount>>(accounts))
+    : BudgetedDebtEntryWidget(banks, KnownAccounts(accounts, codes), usable, displayAs, parent)
+{}
+
+BudgetedDebtEntryWidget::BudgetedDebtEntryWidget(std::set<banking::BankName> const& banks, KnownAccounts const& known,
+                                                 std::set<fiscora::Currency> const& usable,
+                                                 navigation::CurrencyDisplayOptions const& displayAs,
+                                                 foundation::QtPtr<QWidget> const& parent)
+    : BudgetedMoneyEntryWidget(usable, displayAs, parent), accounts_(known.keptAt)
 {
     perPeriodWdgt->setLabel(tr("Minimum Payment:"));
     perPeriodWdgt->setToolTip(tr("Minimum payment to be made on the debt per period"));
@@ -32,7 +38,7 @@ BudgetedDebtEntryWidget::BudgetedDebtEntryWidget(std::set<banking::BankName> con
         extras.addMoney(tr("Total Borrowed:"), tr("Total amount borrowed from the debt source"), usable, displayAs);
     interestLabel_ = new QLabel(tr("Interest Rate:"), this);
     interestRate_ = extras.addPercentage(interestLabel_, tr("Interest rate on the debt"));
-    bankAccounts_ = extras.addBankAccounts(tr("Account from which the debt was borrowed"), banks, codes,
+    bankAccounts_ = extras.addBankAccounts(tr("Account from which the debt was borrowed"), banks, known,
                                            accounting::AccountTypes::Liability);
     bankAccounts_->hideAccount();
     putLabelsAbove();

@@ -20,6 +20,7 @@ class MoneyEntryWidget;
 namespace tlm::desktop_ui::internal {
 
 class BankAccountsWidget;
+struct KnownAccounts;
 
 /// The row of a debt: adds the sum borrowed, the interest, and the bank that lent it.
 class BudgetedDebtEntryWidget : public BudgetedMoneyEntryWidget
@@ -32,6 +33,12 @@ public:
     BudgetedDebtEntryWidget(std::set<banking::BankName> const& banks,
                             std::set<navigation::BudgetBankAccount> const& accounts,
                             std::set<accounting::AccountCode> const& codes, std::set<fiscora::Currency> const& usable,
+                            navigation::CurrencyDisplayOptions const& displayAs,
+                            foundation::QtPtr<QWidget> const& parent);
+
+    /// As above, for the rows of a view.
+    BudgetedDebtEntryWidget(std::set<banking::BankName> const& banks, KnownAccounts const& known,
+                            std::set<fiscora::Currency> const& usable,
                             navigation::CurrencyDisplayOptions const& displayAs,
                             foundation::QtPtr<QWidget> const& parent);
 

@@ -3,7 +3,7 @@
 #include "internal/BankAccountsWidget.h"
 #include "internal/BudgetedMoneyExtras.h"
 #include "internal/DisableSignalsTemporarily.h"
-#include "internal/Shared.h"
+#include "internal/KnownAccounts.h"
 
 #include <tlm/budgeting/Accumulate.h>
 #include <tlm/budgeting/Goal.h>
@@ -40,14 +40,19 @@ BudgetedGoalEntryWidget::BudgetedGoalEntryWidget(std::set<BankName> const& banks
                                                  std::set<fiscora::Currency> const& usable,
                                                  navigation::CurrencyDisplayOptions const& displayAs,
                                                  foundation::QtPtr<QWidget> const& parent)
-    : BudgetedMoneyEntryWidget(usable, displayAs, parent),
-      accounts_(shared<std::set<navigation::BudgetBankAccount>>(accounts)),
-      wagesTotal_(wagesTotal)
+    : BudgetedGoalEntryWidget(banks, wagesTotal, KnownAccounts(accounts, codes), usable, displayAs, parent)
+{}
+
+BudgetedGoalEntryWidget::BudgetedGoalEntryWidget(std::set<BankName> const& banks, fiscora::Money const& wagesTotal,
+                                                 KnownAccounts const& known, std::set<fiscora::Currency> const& usable,
+                                                 navigation::CurrencyDisplayOptions const& displayAs,
+                                                 foundation::QtPtr<QWidget> const& parent)
+    : BudgetedMoneyEntryWidget(usable, displayAs, parent), accounts_(known.keptAt), wagesTotal_(wagesTotal)
 {
     perPeriodWdgt->setLabel(tr("Setting Aside:"));
     BudgetedMoneyExtras extras(*extrasHbxlyt, *nextOccurOnDtdt);
     finalTotalEntry_ = extras.addMoney(tr("Final Total:"), tr("Final total amount of the goal"), usable, displayAs);
-    bankAccounts_ = extras.addBankAccounts(tr("Store the goal money under this bank account"), banks, codes,
+    bankAccounts_ = extras.addBankAccounts(tr("Store the goal money under this bank account"), banks, known,
                                            accounting::AccountTypes::Asset);
     bankAccounts_->setDescription(tr("Store Under"));
     bankAccounts_->disableType();

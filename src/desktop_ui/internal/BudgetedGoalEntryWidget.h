@@ -19,6 +19,7 @@ class MoneyEntryWidget;
 namespace tlm::desktop_ui::internal {
 
 class BankAccountsWidget;
+struct KnownAccounts;
 
 /// The row of a goal: adds the sum to reach, the bank account that stores it, and its share of the wages.
 class BudgetedGoalEntryWidget : public BudgetedMoneyEntryWidget
@@ -32,6 +33,12 @@ public:
     BudgetedGoalEntryWidget(std::set<banking::BankName> const& banks, fiscora::Money const& wagesTotal,
                             std::set<navigation::BudgetBankAccount> const& accounts,
                             std::set<accounting::AccountCode> const& codes, std::set<fiscora::Currency> const& usable,
+                            navigation::CurrencyDisplayOptions const& displayAs,
+                            foundation::QtPtr<QWidget> const& parent);
+
+    /// As above, for the rows of a view.
+    BudgetedGoalEntryWidget(std::set<banking::BankName> const& banks, fiscora::Money const& wagesTotal,
+                            KnownAccounts const& known, std::set<fiscora::Currency> const& usable,
                             navigation::CurrencyDisplayOptions const& displayAs,
                             foundation::QtPtr<QWidget> const& parent);
 

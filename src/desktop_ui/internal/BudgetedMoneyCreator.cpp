@@ -25,14 +25,14 @@ std::unique_ptr<BudgetedMoneyEntryWidget> BudgetedMoneyCreator::makeEntryWidget(
 }
 
 DebtCreator::DebtCreator(std::set<BankName> banks, std::set<AccountCode> codes, std::set<BudgetBankAccount> accounts)
-    : accounts_(std::move(accounts)), codes_(std::move(codes)), banks_(std::move(banks))
+    : known_(std::move(accounts), std::move(codes)), banks_(std::move(banks))
 {}
 
 std::unique_ptr<BudgetedMoneyEntryWidget> DebtCreator::makeEntryWidget(std::set<Currency> const& usable,
                                                                        CurrencyDisplayOptions const& displayAs,
                                                                        QtPtr<QWidget> parent) const
 {
-    return std::make_unique<BudgetedDebtEntryWidget>(banks_, accounts_, codes_, usable, displayAs, parent);
+    return std::make_unique<BudgetedDebtEntryWidget>(banks_, known_, usable, displayAs, parent);
 }
 
 std::unique_ptr<BudgetedMoney> DebtCreator::makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const
@@ -43,14 +43,14 @@ std::unique_ptr<BudgetedMoney> DebtCreator::makeBudgetedMoney(BudgetedMoneyEntry
 
 GoalCreator::GoalCreator(std::set<BankName> banks, std::set<BudgetBankAccount> accounts, std::set<AccountCode> codes,
                          fiscora::Money const& wagesTotal)
-    : accounts_(std::move(accounts)), codes_(std::move(codes)), banks_(std::move(banks)), wagesTotal_(wagesTotal)
+    : known_(std::move(accounts), std::move(codes)), banks_(std::move(banks)), wagesTotal_(wagesTotal)
 {}
 
 std::unique_ptr<BudgetedMoneyEntryWidget> GoalCreator::makeEntryWidget(std::set<Currency> const& usable,
                                                                        CurrencyDisplayOptions const& displayAs,
                                                                        QtPtr<QWidget> parent) const
 {
-    return std::make_unique<BudgetedGoalEntryWidget>(banks_, wagesTotal_, accounts_, codes_, usable, displayAs, parent);
+    return std::make_unique<BudgetedGoalEntryWidget>(banks_, wagesTotal_, known_, usable, displayAs, parent);
 }
 
 std::unique_ptr<BudgetedMoney> GoalCreator::makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "internal/BudgetedMoneyEntryWidget.h"
+#include "internal/KnownAccounts.h"
 
 #include <fiscora/Currency.h>
 #include <fiscora/Money.h>
@@ -87,8 +88,7 @@ struct DebtCreator final : BudgetedMoneyCreatorOf<budgeting::Debt>
     std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const override;
 
 private:
-    std::set<navigation::BudgetBankAccount> accounts_;
-    std::set<accounting::AccountCode> codes_;
+    KnownAccounts known_; ///< shared by all rows
     std::set<banking::BankName> banks_;
 };
 
@@ -106,8 +106,7 @@ struct GoalCreator final : BudgetedMoneyCreatorOf<budgeting::Goal>
     std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const override;
 
 private:
-    std::set<navigation::BudgetBankAccount> accounts_;
-    std::set<accounting::AccountCode> codes_;
+    KnownAccounts known_; ///< shared by all rows
     std::set<banking::BankName> banks_;
     fiscora::Money wagesTotal_;
 };

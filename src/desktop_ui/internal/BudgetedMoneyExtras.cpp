@@ -1,6 +1,7 @@
 #include "internal/BudgetedMoneyExtras.h"
 
 #include "internal/BankAccountsWidget.h"
+#include "internal/KnownAccounts.h"
 #include "tlm/desktop_ui/MoneyEntryWidget.h"
 
 #include <QDoubleSpinBox>
@@ -78,13 +79,12 @@ QtPtr<QDoubleSpinBox> BudgetedMoneyExtras::addPercentage(QtPtr<QLabel> const& la
 
 QtPtr<BankAccountsWidget> BudgetedMoneyExtras::addBankAccounts(QString const& toolTip,
                                                                std::set<banking::BankName> const& banks,
-                                                               std::set<accounting::AccountCode> const& codes,
-                                                               AccountTypes keptAs)
+                                                               KnownAccounts const& known, AccountTypes keptAs)
 {
     QtPtr<BankAccountsWidget> entry = new BankAccountsWidget(line_.parentWidget());
     entry->setToolTip(toolTip);
     entry->setBanks(banks);
-    entry->setCodes(codes);
+    entry->shareCodes(known.codes);
     entry->setTypes(typesKeptAs(keptAs));
     entry->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     line_.addWidget(entry.get());

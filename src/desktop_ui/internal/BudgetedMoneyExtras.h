@@ -23,6 +23,7 @@ class MoneyEntryWidget;
 namespace tlm::desktop_ui::internal {
 
 class BankAccountsWidget;
+struct KnownAccounts;
 
 /// Makes what a debt or a goal has to enter beyond other items, side by side, and leads Tab through it in that order.
 class BudgetedMoneyExtras
@@ -43,8 +44,7 @@ public:
     /// Adds the choice of a bank account of the types that the ledger keeps as \a keptAs.
     foundation::QtPtr<BankAccountsWidget> addBankAccounts(QString const& toolTip,
                                                           std::set<banking::BankName> const& banks,
-                                                          std::set<accounting::AccountCode> const& codes,
-                                                          accounting::AccountTypes keptAs);
+                                                          KnownAccounts const& known, accounting::AccountTypes keptAs);
 
 private:
     void leadTabTo(QWidget& entry);

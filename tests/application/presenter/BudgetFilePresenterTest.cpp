@@ -200,6 +200,39 @@ TEST_F(BudgetFilePresenterTest, AnExitWithNothingToLoseIsNotAskedAbout)
     EXPECT_FALSE(window.isVisible());
 }
 
+TEST_F(BudgetFilePresenterTest, ASecondWishToExitIsNotAskedAboutWhileTheFirstIs)
+{
+    changeSomething();
+    auto questions = 0;
+    tlm::testing::MessageBoxAnswerer const no([&](QMessageBox& box) {
+        emit window.checkIsBudgetFileDirty(); // which would come back only once its own question is answered
+        auto const windows = QApplication::topLevelWidgets();
+        questions = static_cast<int>(std::ranges::count_if(windows, [](QWidget const* shown) {
+            return shown->isVisible() && qobject_cast<QMessageBox const*>(shown) != nullptr;
+        }));
+        box.button(QMessageBox::No)->click();
+    });
+
+    emit window.checkIsBudgetFileDirty();
+
+    EXPECT_TRUE(no.hasAnswered());
+    EXPECT_EQ(questions, 1);
+}
+
+TEST_F(BudgetFilePresenterTest, AnExitIsAskedAboutAgainAfterItWasDeclined)
+{
+    changeSomething();
+    {
+        tlm::testing::MessageBoxAnswerer const no(QMessageBox::No);
+        emit window.checkIsBudgetFileDirty();
+    }
+    tlm::testing::MessageBoxAnswerer const again(QMessageBox::No);
+
+    emit window.checkIsBudgetFileDirty();
+
+    EXPECT_TRUE(again.hasAnswered());
+}
+
 TEST_F(BudgetFilePresenterTest, AnExitWithUnsavedChangesIsAskedAbout)
 {
     window.QWidget::show();

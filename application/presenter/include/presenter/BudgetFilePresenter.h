@@ -40,5 +40,6 @@ private:
 
     tlm::desktop_ui::MainWindow& window_;
     Session& session_;
+    bool isAskingToExit_ = false;
 };
 }
