@@ -1,9 +1,13 @@
 #include "tlm/desktop_ui/EventFrequencyEntryWidget.h"
 
+#include "internal/Shared.h"
 #include "internal/TextListModel.h"
 #include "tlm/desktop_ui/DataEntryError.h"
 
 #include <QDebug>
+
+#include <memory>
+#include <utility>
 
 namespace tlm::desktop_ui {
 
@@ -28,6 +32,26 @@ QString itemText(EventFrequency frequency)
 }
 }
 
+/// The texts of a list, in the language that one of them tells.
+struct EventFrequencyEntryWidget::Texts
+{
+    using Key = std::pair<std::vector<EventFrequency>, QString>;
+
+    static Key keyOf(std::vector<EventFrequency> const& frequencies)
+    {
+        return {frequencies, presentationText(EventFrequency::Monthly)};
+    }
+
+    explicit Texts(Key const& key)
+    {
+        for (auto const frequency : key.first) {
+            all.append(itemText(frequency));
+        }
+    }
+
+    QStringList all;
+};
+
 EventFrequencyEntryWidget::EventFrequencyEntryWidget(QtPtr<QWidget> const& parent)
     : EventFrequencyEntryWidget(allFrequencies(), parent)
 {}
@@ -43,11 +67,8 @@ EventFrequencyEntryWidget::EventFrequencyEntryWidget(std::vector<EventFrequency>
 
 void EventFrequencyEntryWidget::offer(std::vector<EventFrequency> const& frequencies)
 {
-    QStringList texts;
-    for (auto const frequency : frequencies) {
-        texts.append(itemText(frequency));
-    }
-    internal::appendTexts(*periodCmbbx, texts);
+    texts_ = internal::shared<Texts>(Texts::keyOf(frequencies));
+    internal::appendTexts(*periodCmbbx, texts_->all);
     periodCmbbx->setCurrentIndex(0);
 }
 

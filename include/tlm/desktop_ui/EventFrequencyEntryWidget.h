@@ -8,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 namespace tlm::desktop_ui {
@@ -42,6 +43,10 @@ private slots:
     void onCurrentIndexChanged(int index);
 
 private:
+    struct Texts;
+
     void offer(std::vector<budgeting::EventFrequency> const& frequencies);
+
+    std::shared_ptr<Texts const> texts_; ///< shared by all lists that offer the same
 };
 }
