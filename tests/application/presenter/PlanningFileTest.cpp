@@ -254,7 +254,7 @@ TEST_F(PlanningFileTest, ARenamedRowWithRefusedValuesIsToldOverTheViewAgain)
     box->button(QMessageBox::Ok)->click();
     ASSERT_TRUE(isPlanning());
     EXPECT_EQ(planningRows(*window.centralWidget()).size(), 1U);
-    EXPECT_EQ(row("Rent").amount().text(), "40.00");
+    EXPECT_EQ(row("Rent").amount().text(), presentationText(dollars(40)));
     EXPECT_EQ(item(BudgetItemTypes::Bill, "Rent").amount, dollars(40));
 }
 
@@ -274,7 +274,7 @@ TEST_F(PlanningFileTest, ARenamedRowWithAnAmountThatCannotBeReadIsToldOverTheVie
     EXPECT_TRUE(box->text().startsWith("Old Bill is called Rent now. What else was typed"));
     box->button(QMessageBox::Ok)->click();
     ASSERT_TRUE(isPlanning());
-    EXPECT_EQ(row("Rent").amount().text(), "40.00");
+    EXPECT_EQ(row("Rent").amount().text(), presentationText(dollars(40)));
 }
 
 TEST_F(PlanningFileTest, DiscardKeepsTheBudgetAsItWas)
