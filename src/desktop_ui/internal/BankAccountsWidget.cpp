@@ -85,7 +85,7 @@ void BankAccountsWidget::setBanks(std::set<BankName> const& banks)
 
 void BankAccountsWidget::setCodes(std::set<AccountCode> const& codes)
 {
-    codes_ = shared<std::set<AccountCode>>(codes);
+    shareCodes(shared<std::set<AccountCode>>(codes));
 }
 
 void BankAccountsWidget::shareCodes(std::shared_ptr<std::set<AccountCode> const> codes)
