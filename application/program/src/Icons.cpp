@@ -123,6 +123,12 @@ void dressShown(QMainWindow const& window)
     }
 }
 
+/// Each widget asks to be painted when it is shown, on top of being painted with the window that is shown with it.
+void dropSecondPainting()
+{
+    QCoreApplication::removePostedEvents(nullptr, QEvent::UpdateLater);
+}
+
 /// Drawing pictures takes a good part of a start, so these come right after the window itself is on screen.
 class DresserOfShown : public QObject
 {
@@ -136,6 +142,7 @@ public:
     {
         if (event->type() == QEvent::Paint) {
             window_.removeEventFilter(this);
+            dropSecondPainting();
             QTimer::singleShot(afterPainting, this, [this] {
                 dressShown(window_);
                 deleteLater();

@@ -4,9 +4,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QEvent>
 #include <QMenu>
 #include <QTest>
 #include <QToolBar>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 #include <support/MessageLog.h>
@@ -50,6 +52,31 @@ TEST_P(IconsTest, TheProgramSoonHasAWindowIcon)
     show();
 
     EXPECT_FALSE(QApplication::windowIcon().pixmap(64, 64).isNull());
+}
+
+TEST_P(IconsTest, WhatWasPaintedWithTheWindowIsNotAskedToPaintAgain)
+{
+    class Heard : public QWidget
+    {
+    public:
+        int updates = 0;
+
+    protected:
+        bool event(QEvent* event) override
+        {
+            updates += event->type() == QEvent::UpdateLater ? 1 : 0;
+            return QWidget::event(event);
+        }
+    };
+    auto* const view = new Heard;
+    window.setCentralWidget(view);
+    dress(window);
+    window.show();
+
+    window.grab();
+    show();
+
+    EXPECT_EQ(view->updates, 0);
 }
 
 TEST_P(IconsTest, ToolBarEntriesSoonWearTheMenusPictures)
