@@ -40,7 +40,7 @@ std::optional<BankAccount> BankPlaces::find(AccountNumber const& number) const
     return std::nullopt;
 }
 
-std::set<AccountNumberBankType> BankPlaces::openAccounts(Bank const& bank, AllowSubAccounts shouldAllow) const
+std::set<AccountNumberBankType> BankPlaces::accounts(Bank const& bank, AllowSubAccounts shouldAllow) const
 {
     std::vector<AccountNumberBankType> left;
     for (auto const& [number, type] : bank.accounts()) {
@@ -50,9 +50,7 @@ std::set<AccountNumberBankType> BankPlaces::openAccounts(Bank const& bank, Allow
     while (!left.empty()) {
         auto const account = left.back();
         left.pop_back();
-        if (!chart_.find(account.number)->isClosed) {
-            found.insert(account);
-        }
+        found.insert(account);
         if (shouldAllow == AllowSubAccounts::No) {
             continue;
         }
@@ -62,6 +60,13 @@ std::set<AccountNumberBankType> BankPlaces::openAccounts(Bank const& bank, Allow
             }
         }
     }
+    return found;
+}
+
+std::set<AccountNumberBankType> BankPlaces::openAccounts(Bank const& bank, AllowSubAccounts shouldAllow) const
+{
+    auto found = accounts(bank, shouldAllow);
+    std::erase_if(found, [&](auto const& account) { return chart_.account(account.number).isClosed; });
     return found;
 }
 

@@ -26,7 +26,11 @@ public:
     /// \return where the account stands, none when it stands at no bank
     std::optional<tlm::banking::BankAccount> find(tlm::accounting::AccountNumber const& number) const;
 
-    /// \return the open accounts of \a bank
+    /// \return the accounts of \a bank with their kinds, closed ones too
+    std::set<tlm::banking::AccountNumberBankType> accounts(tlm::banking::Bank const& bank,
+                                                           tlm::navigation::AllowSubAccounts shouldAllow) const;
+
+    /// \return the open ones among accounts()
     std::set<tlm::banking::AccountNumberBankType> openAccounts(tlm::banking::Bank const& bank,
                                                                tlm::navigation::AllowSubAccounts shouldAllow) const;
 

@@ -13,6 +13,7 @@
 
 using fiscora::Currency;
 using tlm::accounting::AccountNumber;
+using tlm::accounting::AccountTypes;
 using tlm::banking::Bank;
 using tlm::banking::BankAccountTypes;
 using tlm::foundation::presentationText;
@@ -59,16 +60,22 @@ void checkParents(Books const& books)
     }
 }
 
-void checkOpenings(Books const& books)
+/// What the books need an account for stands in one equity account of each currency.
+void checkPurposes(Books const& books)
 {
-    std::set<Currency> openings;
+    std::set<std::pair<AccountPurposes, Currency>> known;
     for (auto const& [number, account] : books.accounts) {
-        if (account.purpose == AccountPurposes::OpeningBalances &&
-            (account.type != tlm::accounting::AccountTypes::Equity || !openings.insert(account.currency).second)) {
-            refuse(tr("Opening balances in %1 stand in more than one account, or in one that isn't equity. The books "
-                      "are damaged.")
-                       .arg(presentationText(account.currency)));
+        if (account.purpose == AccountPurposes::Household ||
+            (account.type == AccountTypes::Equity && known.emplace(account.purpose, account.currency).second)) {
+            continue;
         }
+        refuse(
+            (account.purpose == AccountPurposes::Exchange
+                 ? tr("Transfers out of and into %1 stand in more than one account, or in one that isn't equity. The "
+                      "books are damaged.")
+                 : tr("Opening balances in %1 stand in more than one account, or in one that isn't equity. The "
+                      "books are damaged."))
+                .arg(presentationText(account.currency)));
     }
 }
 
@@ -146,7 +153,7 @@ void check(Books const& books)
         checkAccount(number, account);
     }
     checkParents(books);
-    checkOpenings(books);
+    checkPurposes(books);
     checkBanks(books);
     checkTurnovers(books);
 }
@@ -162,6 +169,21 @@ void checkAccounts(PlannedItems const& items, Books const& books)
                 tr("%1 has no account of its own that fits it. The books are damaged.").arg(identifier.source.name()));
         }
     }
+}
+
+bool isDebitType(AccountTypes type)
+{
+    return type == AccountTypes::Asset || type == AccountTypes::Expense;
+}
+
+void refuseUnknown(AccountNumber const& number)
+{
+    refuse(tr("There is no account %1 in the books. Choose another account.").arg(presentationText(number)));
+}
+
+QString tidied(QString const& name)
+{
+    return name.trimmed().normalized(QString::NormalizationForm_C);
 }
 
 QString comparable(QString const& name)

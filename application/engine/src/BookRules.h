@@ -11,6 +11,15 @@ void check(Books const& books);
 /// Refuses items without an account of their own, or with one of another type or currency.
 void checkAccounts(PlannedItems const& items, Books const& books);
 
-/// \return what the names of one bank, or of one account of a bank, have in common: neither case nor blanks between words or around them
+/// Tells the types whose balances are debits less credits, not the other way round.
+bool isDebitType(tlm::accounting::AccountTypes type);
+
+/// \throws foundation::Error always, since the books have no account of that number
+[[noreturn]] void refuseUnknown(tlm::accounting::AccountNumber const& number);
+
+/// \return \a name as it is kept: without surrounding blanks, characters composed
+QString tidied(QString const& name);
+
+/// \return what the names of one bank, or of one account, have in common: neither case nor blanks between words or around them
 QString comparable(QString const& name);
 }

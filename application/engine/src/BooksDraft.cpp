@@ -1,12 +1,13 @@
 #include "BooksDraft.h"
 
+#include "AccountNumbering.h"
+#include "BookRules.h"
 #include "PostingRules.h"
 #include "Refuse.h"
 
 #include <tlm/foundation/PresentationText.h>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 using fiscora::Currency;
@@ -15,48 +16,21 @@ using tlm::accounting::AccountCode;
 using tlm::accounting::AccountNumber;
 using tlm::accounting::AccountTypes;
 using tlm::banking::Bank;
+using tlm::banking::BankName;
 using tlm::foundation::presentationText;
 
 namespace tallymere::engine {
 
 namespace {
 
-constexpr unsigned int mostOfBlock = 999;
-constexpr unsigned int firstBeyondBlocks = 10'001;
-
 QString tr(char const* text)
 {
     return QCoreApplication::translate("BooksDraft", text);
 }
 
-unsigned int firstNumber(AccountTypes type)
-{
-    switch (type) {
-    case AccountTypes::Asset:
-        return 1'001;
-    case AccountTypes::Liability:
-        return 2'001;
-    case AccountTypes::Equity:
-        return 3'001;
-    case AccountTypes::Income:
-        return 4'001;
-    case AccountTypes::Expense:
-        return 5'001;
-    case AccountTypes::Suspense:
-        break;
-    }
-    return 9'001;
-}
-
-unsigned int largestUpTo(std::map<AccountNumber, BookAccount> const& accounts, unsigned int limit)
-{
-    auto const beyond = accounts.upper_bound(AccountNumber(limit));
-    return beyond == accounts.begin() ? AccountNumber::invalid_ : std::prev(beyond)->first.integer();
-}
-
 /// Moves what \a changed holds to \a kept, in the place of what stands there under the same keys.
 template <typename Map>
-void replace(Map& kept, Map& changed) noexcept
+void take(Map& kept, Map& changed) noexcept
 {
     for (auto& [key, value] : changed) {
         if (auto const place = kept.find(key); place != kept.end()) {
@@ -83,74 +57,89 @@ BookAccount const* BooksDraft::find(AccountNumber const& number) const
         return &changed->second;
     }
     auto const found = books_.accounts.find(number);
-    return found == books_.accounts.end() ? nullptr : &found->second;
+    return found == books_.accounts.end() || droppedAccounts_.contains(number) ? nullptr : &found->second;
 }
 
 AccountNumber BooksDraft::open(AccountTypes type, QString const& name, Currency currency,
                                std::optional<AccountNumber> const& parent, AccountPurposes purpose)
 {
-    auto const number = nextNumber(type);
-    changed_.accounts.emplace(number, BookAccount{.code = AccountCode(number, name, parent),
-                                                  .type = type,
-                                                  .currency = currency,
-                                                  .isClosed = false,
-                                                  .purpose = purpose});
-    if (parent) {
-        added_.subAccounts.insert({*parent, number});
-    }
+    auto const number = nextNumber(type, {&books_.accounts, &changed_.accounts});
+    add(BookAccount{.code = AccountCode(number, name, parent),
+                    .type = type,
+                    .currency = currency,
+                    .isClosed = false,
+                    .purpose = purpose});
     return number;
 }
 
-void BooksDraft::change(BookAccount const& account)
+void BooksDraft::add(BookAccount const& account)
 {
-    auto const& number = account.code.number();
-    auto const& before = books_.accounts.at(number).code.parent();
-    auto const& after = account.code.parent();
-    changed_.accounts.insert_or_assign(number, account);
-    if (before && before != after) {
-        detached_.insert({*before, number});
+    put(account);
+    steps_.emplace_back([account](Store& store) { store.add(account); });
+}
+
+void BooksDraft::change(AccountNumber const& original, BookAccount const& account)
+{
+    replace(original, account);
+    if (account.code.number() != original) {
+        renumber(original, account.code.number());
     }
-    if (after && before != after) {
-        added_.subAccounts.insert({*after, number});
-    }
+    steps_.emplace_back([original, account](Store& store) { store.change(original, account); });
 }
 
 void BooksDraft::drop(AccountNumber const& number)
 {
-    dropped_.insert(number);
-    if (auto const& parent = books_.accounts.at(number).code.parent()) {
-        detached_.insert({*parent, number});
-    }
+    droppedAccounts_.insert(number);
+    removed_.list(books_.accounts.at(number));
+    lastSteps_.emplace_back([number](Store& store) { store.remove(number); });
 }
 
-void BooksDraft::put(Bank const& bank)
+void BooksDraft::add(Bank const& bank)
 {
     changed_.banks.insert_or_assign(bank.name, bank);
-    for (auto const& [number, type] : bank.accounts()) {
-        added_.banks.emplace(number, bank.name);
-    }
-    auto const before = books_.banks.find(bank.name);
-    if (before == books_.banks.end()) {
-        return;
-    }
-    for (auto const& [number, type] : before->second.accounts()) {
-        if (!bank.accounts().contains(number)) {
-            unlisted_.insert(number);
-        }
-    }
+    added_.list(bank);
+    steps_.emplace_back([bank](Store& store) { store.add(bank); });
+}
+
+void BooksDraft::change(BankName const& original, Bank const& bank)
+{
+    replace(original, bank);
+    steps_.emplace_back([original, bank](Store& store) { store.change(original, bank); });
+}
+
+void BooksDraft::drop(BankName const& name)
+{
+    droppedBanks_.insert(name);
+    removed_.list(books_.banks.at(name));
+    steps_.emplace_back([name](Store& store) { store.remove(name); });
 }
 
 void BooksDraft::post(Posting const& posting)
 {
     rules::check(posting, find(posting.debiting), find(posting.crediting));
     count(posting, turnover(posting.debiting), turnover(posting.crediting));
-    posted_ = posting;
+    posted_.push_back(posting);
+}
+
+void BooksDraft::change(PostingId const& id, Posting const& before, Posting const& after)
+{
+    rules::check(after, find(after.debiting), find(after.crediting));
+    if (!rules::tellTheSame(before, after)) {
+        uncount(before, turnover(before.debiting), turnover(before.crediting));
+        count(after, turnover(after.debiting), turnover(after.crediting));
+    }
+    note(id, after);
+}
+
+void BooksDraft::note(PostingId const& id, Posting const& posting)
+{
+    steps_.emplace_back([id, posting](Store& store) { store.change(id, posting); });
 }
 
 void BooksDraft::takeBack(PostingId const& id, Posting const& posting)
 {
     uncount(posting, turnover(posting.debiting), turnover(posting.crediting));
-    takenBack_ = id;
+    steps_.emplace_back([id](Store& store) { store.remove(id); });
 }
 
 void BooksDraft::postOpening(AccountNumber const& number, Money const& balance, QDate const& openedOn)
@@ -158,8 +147,9 @@ void BooksDraft::postOpening(AccountNumber const& number, Money const& balance, 
     if (balance == 0) {
         return;
     }
-    auto const against = openingBalances(balance.code());
-    auto const isDebited = (find(number)->type == AccountTypes::Asset) == (balance > 0);
+    auto const against = purposeful(AccountPurposes::OpeningBalances, balance.code(),
+                                    tr("Opening balances (%1)").arg(presentationText(balance.code())));
+    auto const isDebited = rules::isDebitType(find(number)->type) == (balance > 0);
     Posting posting;
     posting.occurredOn = openedOn;
     posting.debiting = isDebited ? number : against;
@@ -169,76 +159,96 @@ void BooksDraft::postOpening(AccountNumber const& number, Money const& balance, 
     post(posting);
 }
 
+AccountNumber BooksDraft::purposeful(AccountPurposes purpose, Currency currency, QString const& name)
+{
+    for (BookIndex const* const index : {&index_, &std::as_const(added_)}) {
+        if (auto const found = index->purposes.find({purpose, currency}); found != index->purposes.end()) {
+            return found->second;
+        }
+    }
+    return open(AccountTypes::Equity, name, currency, std::nullopt, purpose);
+}
+
 PostingId BooksDraft::store(Store& store, std::function<void()> const& storeItem) const
 {
-    for (auto const& [number, account] : changed_.accounts) {
-        books_.accounts.contains(number) ? store.change(number, account) : store.add(account);
-    }
-    if (takenBack_) {
-        store.remove(*takenBack_);
-    }
-    for (auto const& [name, bank] : changed_.banks) {
-        books_.banks.contains(name) ? store.change(name, bank) : store.add(bank);
+    for (auto const& step : steps_) {
+        step(store);
     }
     storeItem();
-    for (auto const& number : dropped_) {
-        store.remove(number);
+    std::optional<PostingId> first;
+    for (auto const& posting : posted_) {
+        auto const id = store.post(posting);
+        first = first.value_or(id);
     }
-    return posted_ ? store.post(*posted_) : PostingId();
+    for (auto const& step : lastSteps_) {
+        step(store);
+    }
+    return first.value_or(PostingId());
 }
 
 void BooksDraft::moveTo(Books& books, BookIndex& index) noexcept
 {
-    replace(books.accounts, changed_.accounts);
-    replace<std::map<tlm::banking::BankName, Bank>>(books.banks, changed_.banks);
+    erase(books.accounts, droppedAccounts_);
+    take(books.accounts, changed_.accounts);
+    erase(books.banks, droppedBanks_);
+    take<std::map<BankName, Bank>>(books.banks, changed_.banks);
+
+    erase(books.turnovers, droppedAccounts_);
     for (auto const& [number, turnover] : changed_.turnovers) {
         if (turnover.postings == 0) {
             books.turnovers.erase(number);
         }
     }
     std::erase_if(changed_.turnovers, [](auto const& entry) { return entry.second.postings == 0; });
-    replace(books.turnovers, changed_.turnovers);
-    erase(books.accounts, dropped_);
+    take(books.turnovers, changed_.turnovers);
 
-    erase(index.subAccounts, detached_);
-    index.subAccounts.merge(added_.subAccounts);
-    index.openings.merge(added_.openings);
-    erase(index.banks, unlisted_);
-    index.banks.merge(added_.banks);
+    index.take(removed_, added_);
 }
 
-/// Each type counts in a block of its own while that has room.
-AccountNumber BooksDraft::nextNumber(AccountTypes type) const
+void BooksDraft::put(BookAccount const& account)
 {
-    auto const first = firstNumber(type);
-    auto const last = first + mostOfBlock - 1;
-    if (auto const used = largestUpTo(last); used < last) {
-        return AccountNumber(std::max(used + 1, first));
-    }
-    auto const largest = largestUpTo(std::numeric_limits<unsigned int>::max());
-    if (largest == std::numeric_limits<unsigned int>::max()) {
-        refuse(tr("No account number is left, since account %1 has the largest that there is. Give that account a "
-                  "smaller number first.")
-                   .arg(largest));
-    }
-    return AccountNumber(std::max(largest + 1, firstBeyondBlocks));
+    changed_.accounts.insert_or_assign(account.code.number(), account);
+    added_.list(account);
 }
 
-unsigned int BooksDraft::largestUpTo(unsigned int limit) const
+void BooksDraft::replace(AccountNumber const& original, BookAccount const& account)
 {
-    return std::max(engine::largestUpTo(books_.accounts, limit), engine::largestUpTo(changed_.accounts, limit));
+    removed_.list(books_.accounts.at(original));
+    if (account.code.number() != original) {
+        droppedAccounts_.insert(original);
+    }
+    put(account);
 }
 
-/// \return the account against which balances in \a currency open, a new one where there is none
-AccountNumber BooksDraft::openingBalances(Currency currency)
+void BooksDraft::replace(BankName const& original, Bank const& bank)
 {
-    if (auto const found = index_.openings.find(currency); found != index_.openings.end()) {
-        return found->second;
+    removed_.list(books_.banks.at(original));
+    if (bank.name != original) {
+        droppedBanks_.insert(original);
     }
-    auto const number = open(AccountTypes::Equity, tr("Opening balances (%1)").arg(presentationText(currency)),
-                             currency, std::nullopt, AccountPurposes::OpeningBalances);
-    added_.openings.emplace(currency, number);
-    return number;
+    changed_.banks.insert_or_assign(bank.name, bank);
+    added_.list(bank);
+}
+
+/// Lets the sub-accounts, the bank and the turnover follow. A store does that by itself.
+void BooksDraft::renumber(AccountNumber const& before, AccountNumber const& after)
+{
+    for (auto const& number : subAccounts(index_, before)) {
+        auto follower = books_.accounts.at(number);
+        follower.code = AccountCode(number, follower.code.name(), after);
+        replace(number, follower);
+    }
+    if (auto const name = index_.banks.find(before); name != index_.banks.end()) {
+        auto const& bank = books_.banks.at(name->second);
+        auto accounts = bank.accounts();
+        auto listed = accounts.extract(before);
+        listed.key() = after;
+        accounts.insert(std::move(listed));
+        replace(bank.name, Bank(bank.name, std::move(accounts), bank.isClosed()));
+    }
+    if (auto const turnover = books_.turnovers.find(before); turnover != books_.turnovers.end()) {
+        changed_.turnovers.emplace(after, turnover->second);
+    }
 }
 
 Turnover& BooksDraft::turnover(AccountNumber const& number)

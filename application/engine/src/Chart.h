@@ -5,6 +5,8 @@
 
 #include <engine/Books.h>
 
+#include <QString>
+
 #include <optional>
 #include <vector>
 
@@ -23,7 +25,17 @@ public:
     /// \return none when there is no such account
     BookAccount const* find(tlm::accounting::AccountNumber const& number) const;
 
-    /// \return none when there is no such bank
+    /// \throws foundation::Error when there is no such account
+    BookAccount const& account(tlm::accounting::AccountNumber const& number) const;
+
+    /// \return what the account holds, as Household::balance() tells it
+    /// \throws foundation::Error when there is no such account
+    fiscora::Money balance(tlm::accounting::AccountNumber const& number) const;
+
+    /// \return numbers of the accounts that share \a name, which are compared by rules::comparable()
+    std::vector<tlm::accounting::AccountNumber> called(QString const& name) const;
+
+    /// \return the bank of that name, compared by rules::comparable(); none when there is no such bank
     tlm::banking::Bank const* find(tlm::banking::BankName const& name) const;
 
     /// \return the bank that lists the account, none when no bank does
@@ -34,6 +46,9 @@ public:
 
     /// \return numbers of the accounts that stand right under that of \a number, in order
     std::vector<tlm::accounting::AccountNumber> subAccounts(tlm::accounting::AccountNumber const& number) const;
+
+    /// Tells whether the account of \a number is that of \a above or stands under it, however far.
+    bool isAtOrBelow(tlm::accounting::AccountNumber const& number, tlm::accounting::AccountNumber const& above) const;
 
     Books const& books() const { return books_; }
 

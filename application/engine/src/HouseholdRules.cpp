@@ -46,25 +46,6 @@ void require(bool isMet, QString const& refusal)
     }
 }
 
-QString noun(BudgetItemTypes type)
-{
-    switch (type) {
-    case BudgetItemTypes::Bill:
-        return tr("bill");
-    case BudgetItemTypes::Debt:
-        return tr("debt");
-    case BudgetItemTypes::Goal:
-        return tr("goal");
-    case BudgetItemTypes::Nontrack:
-        return tr("nontrack");
-    case BudgetItemTypes::Wage:
-        return tr("wage");
-    case BudgetItemTypes::None:
-        break;
-    }
-    throw Error(tr("A budget item is a bill, a debt, a goal, a nontrack or a wage. Choose one of them."));
-}
-
 bool isFrom(qint64 least, qint64 most, qint64 number)
 {
     return least <= number && number <= most;
@@ -141,6 +122,25 @@ QString tidiedForAccount(QString const& name)
         tidied, [](QChar sign) { return !isAccountName(QStringLiteral("x") + sign); }, u' ');
     return tidied.simplified();
 }
+}
+
+QString noun(BudgetItemTypes type)
+{
+    switch (type) {
+    case BudgetItemTypes::Bill:
+        return tr("bill");
+    case BudgetItemTypes::Debt:
+        return tr("debt");
+    case BudgetItemTypes::Goal:
+        return tr("goal");
+    case BudgetItemTypes::Nontrack:
+        return tr("nontrack");
+    case BudgetItemTypes::Wage:
+        return tr("wage");
+    case BudgetItemTypes::None:
+        break;
+    }
+    throw Error(tr("A budget item is a bill, a debt, a goal, a nontrack or a wage. Choose one of them."));
 }
 
 void check(Settings const& settings, PlannedItems const& items)

@@ -22,6 +22,10 @@ void checkSize(PlannedItem const& item);
 /// Tells whether an account can be called \a name.
 bool isAccountName(QString const& name);
 
+/// \return what an item of the type \a type is called within a sentence
+/// \throws foundation::Error when there is no such type
+QString noun(tlm::budgeting::BudgetItemTypes type);
+
 /// Refuses an item without a name or a type.
 void checkNamed(tlm::budgeting::BudgetItemIdentifier const& identifier);
 

@@ -1,16 +1,14 @@
 #include "ItemAccounts.h"
 
+#include "BankChanges.h"
+#include "Openings.h"
 #include "Refuse.h"
 
 #include <tlm/foundation/PresentationText.h>
 
-#include <algorithm>
-
 using tlm::accounting::AccountCode;
 using tlm::accounting::AccountNumber;
 using tlm::accounting::AccountTypes;
-using tlm::accounting::TransactionStatuses;
-using tlm::banking::Bank;
 using tlm::banking::BankAccount;
 using tlm::banking::BankAccountTypes;
 using tlm::budgeting::BudgetItemTypes;
@@ -23,17 +21,6 @@ namespace {
 QString tr(char const* text)
 {
     return QCoreApplication::translate("ItemAccounts", text);
-}
-
-/// \return \a bank with another account, or without it where \a kind is none
-Bank changed(Bank const& bank, AccountNumber const& number, std::optional<BankAccountTypes> const& kind)
-{
-    auto accounts = bank.accounts();
-    accounts.erase(number);
-    if (kind) {
-        accounts.emplace(number, *kind);
-    }
-    return {bank.name, std::move(accounts), bank.isClosed()};
 }
 
 void checkKind(PlannedItem const& debt, BankAccountTypes kind)
@@ -113,7 +100,7 @@ void ItemAccounts::follow(BooksDraft& draft, PlannedItem const& before, PlannedI
     followed.code =
         AccountCode(before.account, isRenamed ? after.identifier.source.name() : account.code.name(), parent);
     if (followed != account) {
-        draft.change(followed);
+        draft.change(before.account, followed);
     }
 }
 
@@ -124,12 +111,11 @@ void ItemAccounts::drop(BooksDraft& draft, PlannedItem const& item, Store const&
         refuse(tr("%1 can't be removed, since the account %2 stands under its own. Move that account first.")
                    .arg(item.identifier.source.name(), chart_.find(below.front())->code.name()));
     }
-    if (chart_.turnoverOf(number) != nullptr) {
-        auto const [id, opening] = onlyOpening(item, store.postingsOf(number));
-        draft.takeBack(id, opening);
+    if (auto const opening = Openings(chart_, plan_).only(number, item.identifier.source.name(), store)) {
+        draft.takeBack(opening->first, opening->second);
     }
     if (auto const* const bank = chart_.bankOf(number)) {
-        draft.put(changed(*bank, number, std::nullopt));
+        draft.change(bank->name, listing(*bank, number, std::nullopt));
     }
     draft.drop(number);
 }
@@ -140,7 +126,7 @@ void ItemAccounts::list(BooksDraft& draft, PlannedItem const& debt, AccountNumbe
 {
     auto const& bank = places_.openBank(keptAt.bank, debt.identifier.source.name());
     checkKind(debt, keptAt.type);
-    draft.put(changed(bank, number, keptAt.type));
+    draft.change(bank.name, listing(bank, number, keptAt.type));
 }
 
 /// Refuses to alter what is posted already.
@@ -152,6 +138,11 @@ void ItemAccounts::checkTerms(PlannedItem const& before, PlannedItem const& afte
         refuse(tr("%1 has postings in %2, so it stays in that currency. Plan another item in %3.")
                    .arg(name, presentationText(currency), presentationText(after.amount.code())));
     }
+    if (auto const below = chart_.subAccounts(before.account); after.amount.code() != currency && !below.empty()) {
+        refuse(tr("The account %1 stands under that of %2, so %2 stays in %3. Plan another item in %4.")
+                   .arg(chart_.account(below.front()).code.name(), name, presentationText(currency),
+                        presentationText(after.amount.code())));
+    }
     if (after.debt && after.debt->borrowed != before.debt->borrowed) {
         refuse(tr("The sum borrowed for %1 is posted as %2 and stays. Plan what was borrowed since as another debt.")
                    .arg(name, presentationText(before.debt->borrowed, tlm::foundation::WithCurrency())));
@@ -161,9 +152,10 @@ void ItemAccounts::checkTerms(PlannedItem const& before, PlannedItem const& afte
 void ItemAccounts::moveDebt(BooksDraft& draft, PlannedItem const& debt, BankAccount const& keptAt) const
 {
     auto const current = places_.keptAt(debt);
+    auto const* const bank = chart_.find(keptAt.bank);
     if (!current) {
         list(draft, debt, debt.account, keptAt);
-    } else if (current->bank != keptAt.bank || current->type != keptAt.type) {
+    } else if (bank == nullptr || current->bank != bank->name || current->type != keptAt.type) {
         refuse(tr("%1 is kept at %2 as %3 and stays there. Plan what is owed to another bank as another debt.")
                    .arg(debt.identifier.source.name(), current->bank.institution(), presentationText(current->type)));
     }
@@ -176,48 +168,21 @@ std::optional<AccountNumber> ItemAccounts::storage(PlannedItem const& goal,
     auto const* const own = chart_.find(goal.account);
     auto const current = own == nullptr ? std::nullopt : own->code.parent();
     auto const stood = current ? places_.find(*current) : std::nullopt;
-    auto const isMoved = keptAt && !(stood && stood->number == keptAt->number && stood->bank == keptAt->bank);
+    auto const* const bank = keptAt ? chart_.find(keptAt->bank) : nullptr;
+    auto const isMoved =
+        keptAt && !(stood && bank != nullptr && stood->number == keptAt->number && stood->bank == bank->name);
     if (isMoved) {
         places_.checkStorage(goal, *keptAt);
     }
     auto const place = isMoved ? keptAt->number : current;
     auto const isOfNewCurrency = own != nullptr && own->currency != goal.amount.code();
+    if (own != nullptr && isMoved && chart_.isAtOrBelow(*place, goal.account)) {
+        refuse(tr("%1 stands under the account of %2, so it can't hold the money of %2. Choose another account.")
+                   .arg(chart_.account(*place).code.name(), goal.identifier.source.name()));
+    }
     if (place && (isMoved || isOfNewCurrency)) {
         checkCurrency(goal, *chart_.find(*place));
     }
     return place;
-}
-
-/// \param postings of the account of \a item, one at least
-/// \return the posting that \a item opened with
-/// \throws foundation::Error when there is any other
-std::pair<PostingId, Posting> ItemAccounts::onlyOpening(PlannedItem const& item,
-                                                        std::map<PostingId, Posting> const& postings) const
-{
-    auto const opening =
-        std::ranges::find_if(postings, [&](auto const& entry) { return isOpening(item, entry.second); });
-    auto const others = postings.size() - (opening == postings.end() ? 0 : 1);
-    if (others == 0) {
-        return *opening;
-    }
-    QDate latest;
-    for (auto place = postings.begin(); place != postings.end(); ++place) {
-        latest = place == opening ? latest : std::max(latest, place->second.occurredOn);
-    }
-    auto const& name = item.identifier.source.name();
-    auto const day = presentationText(latest);
-    refuse(others == 1
-               ? tr("%1 can't be removed, since a posting of %2 needs it. Delete that posting first, or keep %1.")
-                     .arg(name, day)
-               : tr("%1 can't be removed, since %2 postings need it, the latest of %3. Delete them first, or "
-                    "keep %1.")
-                     .arg(name, QString::number(others), day));
-}
-
-bool ItemAccounts::isOpening(PlannedItem const& item, Posting const& posting) const
-{
-    return item.debt && posting.crediting == item.account && posting.amount == item.debt->borrowed &&
-           !posting.madeFrom && posting.status != TransactionStatuses::Reconciled &&
-           chart_.find(posting.debiting)->purpose == AccountPurposes::OpeningBalances;
 }
 }

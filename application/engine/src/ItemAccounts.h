@@ -4,9 +4,7 @@
 
 #include <engine/Store.h>
 
-#include <map>
 #include <optional>
-#include <utility>
 
 namespace tallymere::engine {
 
@@ -17,7 +15,7 @@ class ItemAccounts
 {
 public:
     /// Both outlive this.
-    ItemAccounts(Chart const& chart, Plan const& plan) : chart_(chart), places_(chart, plan) {}
+    ItemAccounts(Chart const& chart, Plan const& plan) : chart_(chart), plan_(plan), places_(chart, plan) {}
 
     /// Makes the account of a new item, which has none yet, with the balance that a debt opens with.
     /// \param keptAt as in Household::add()
@@ -41,11 +39,9 @@ private:
     void moveDebt(BooksDraft& draft, PlannedItem const& debt, tlm::banking::BankAccount const& keptAt) const;
     std::optional<tlm::accounting::AccountNumber> storage(PlannedItem const& goal,
                                                           std::optional<tlm::banking::BankAccount> const& keptAt) const;
-    std::pair<PostingId, Posting> onlyOpening(PlannedItem const& item,
-                                              std::map<PostingId, Posting> const& postings) const;
-    bool isOpening(PlannedItem const& item, Posting const& posting) const;
 
     Chart const& chart_;
+    Plan const& plan_;
     BankPlaces places_;
 };
 

@@ -19,9 +19,7 @@ std::vector<Posting> openBooks(BudgetContent& content)
         if (item.debt) {
             draft.postOpening(item.account, item.debt->borrowed, item.anchoredOn);
         }
-        if (auto const& opening = draft.posted()) {
-            postings.push_back(*opening);
-        }
+        postings.insert(postings.end(), draft.posted().begin(), draft.posted().end());
         chart.take(draft);
     }
     return postings;

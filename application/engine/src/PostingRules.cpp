@@ -1,11 +1,13 @@
 #include "PostingRules.h"
 
+#include "BookRules.h"
 #include "Refuse.h"
 
 #include <tlm/foundation/PresentationText.h>
 
+#include <utility>
+
 using fiscora::Money;
-using tlm::accounting::AccountNumber;
 using tlm::foundation::presentationText;
 
 namespace tallymere::engine {
@@ -31,21 +33,6 @@ void debit(Turnover& turnover, Money const& debited)
             overflow);
     }
 }
-
-void checkSide(Posting const& posting, AccountNumber const& number, BookAccount const* account)
-{
-    if (account == nullptr) {
-        refuse(tr("There is no account %1 in the books. Choose another account.").arg(presentationText(number)));
-    }
-    auto const& name = account->code.name();
-    if (account->isClosed) {
-        refuse(tr("%1 is closed. Open it again, or choose another account.").arg(name));
-    }
-    if (account->currency != posting.amount.code()) {
-        refuse(tr("%1 is kept in %2. Enter an amount in that currency, or choose another account.")
-                   .arg(name, presentationText(account->currency)));
-    }
-}
 }
 
 void count(Posting const& posting, Turnover& debited, Turnover& credited)
@@ -68,17 +55,48 @@ namespace rules {
 
 void check(Posting const& posting, BookAccount const* debited, BookAccount const* credited)
 {
-    if (!isCalendarDay(posting.occurredOn)) {
-        refuse(tr("The posting has no date. Enter the day on which it happened."));
-    }
+    checkDay(posting);
     if (posting.amount <= 0) {
         refuse(tr("The amount of the posting isn't above zero. Enter one that is."));
     }
     if (posting.debiting == posting.crediting) {
         refuse(tr("An amount can't go from an account to itself. Choose two accounts."));
     }
-    checkSide(posting, posting.debiting, debited);
-    checkSide(posting, posting.crediting, credited);
+    for (auto const& [number, account] :
+         {std::pair(posting.debiting, debited), std::pair(posting.crediting, credited)}) {
+        if (account == nullptr) {
+            refuseUnknown(number);
+        }
+        checkSide(posting, *account);
+    }
+}
+
+void checkDay(Posting const& posting)
+{
+    if (!isCalendarDay(posting.occurredOn)) {
+        refuse(tr("The posting has no date. Enter the day on which it happened."));
+    }
+}
+
+void checkOpen(BookAccount const& account)
+{
+    if (account.isClosed) {
+        refuse(tr("%1 is closed. Open it again, or choose another account.").arg(account.code.name()));
+    }
+}
+
+void checkSide(Posting const& posting, BookAccount const& account)
+{
+    checkOpen(account);
+    if (account.currency != posting.amount.code()) {
+        refuse(tr("%1 is kept in %2. Enter an amount in that currency, or choose another account.")
+                   .arg(account.code.name(), presentationText(account.currency)));
+    }
+}
+
+bool tellTheSame(Posting const& left, Posting const& right)
+{
+    return left.debiting == right.debiting && left.crediting == right.crediting && left.amount == right.amount;
 }
 
 bool isCalendarDay(QDate const& day)

@@ -21,6 +21,18 @@ namespace tallymere::engine::rules {
 /// \param credited likewise
 void check(Posting const& posting, BookAccount const* debited, BookAccount const* credited);
 
+/// Refuses a posting without a day on which it happened.
+void checkDay(Posting const& posting);
+
+/// Refuses a closed account.
+void checkOpen(BookAccount const& account);
+
+/// Refuses an account that can't be one side of \a posting.
+void checkSide(Posting const& posting, BookAccount const& account);
+
+/// Tells whether both postings tell the same amount of the same accounts, so that they come to the same.
+bool tellTheSame(Posting const& left, Posting const& right);
+
 /// Tells dates from the year 1 to 9999, which is what dates as ISO text can tell.
 bool isCalendarDay(QDate const& day);
 }

@@ -1,7 +1,9 @@
 #include "engine/SampleHousehold.h"
 
+#include "OpenStore.h"
+#include "SamplePostings.h"
+
 #include <engine/Household.h>
-#include <engine/Store.h>
 
 #include <QCoreApplication>
 #include <QDate>
@@ -10,20 +12,17 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
-#include <map>
 #include <optional>
+#include <set>
 #include <utility>
 #include <vector>
 
 using fiscora::Currency;
 using fiscora::FloatingPoint;
 using fiscora::Money;
-using tlm::accounting::AccountNumber;
-using tlm::banking::Bank;
 using tlm::banking::BankAccount;
 using tlm::banking::BankAccountTypes;
 using tlm::banking::BankName;
-using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::BudgetSource;
 using tlm::budgeting::EventFrequency;
@@ -35,48 +34,6 @@ namespace tallymere::engine {
 
 namespace {
 
-/// Keeps the postings and lets everything else pass: the sample lives in memory until a document takes it.
-class OpenStore : public Store
-{
-public:
-    void transact(std::function<void()> const& changes) override { changes(); }
-    void write(Settings const& /*settings*/) override {}
-    void write(ConversionMap const& /*rates*/) override {}
-    void add(PlannedItem const& /*item*/) override {}
-    void change(BudgetItemIdentifier const& /*original*/, PlannedItem const& /*item*/) override {}
-    void remove(BudgetItemIdentifier const& /*identifier*/) override {}
-    void add(BookAccount const& /*account*/) override {}
-    void change(AccountNumber const& /*original*/, BookAccount const& /*account*/) override {}
-    void remove(AccountNumber const& /*number*/) override {}
-    void add(Bank const& /*bank*/) override {}
-    void change(BankName const& /*original*/, Bank const& /*bank*/) override {}
-    void remove(BankName const& /*name*/) override {}
-    PostingId post(Posting const& posting) override
-    {
-        auto const latest = postings_.empty() ? PostingId() : postings_.rbegin()->first;
-        return postings_.emplace(PostingId{latest.value + 1}, posting).first->first;
-    }
-    void remove(PostingId const& id) override { postings_.erase(id); }
-    std::map<PostingId, Posting> postingsOf(AccountNumber const& number) const override
-    {
-        auto found = postings_;
-        std::erase_if(found, [&](auto const& entry) {
-            return entry.second.debiting != number && entry.second.crediting != number;
-        });
-        return found;
-    }
-
-    std::vector<Posting> postings() const
-    {
-        std::vector<Posting> found;
-        std::ranges::transform(postings_, std::back_inserter(found), [](auto const& entry) { return entry.second; });
-        return found;
-    }
-
-private:
-    std::map<PostingId, Posting> postings_;
-};
-
 /// Plans the sample's items, with dates that count from one day.
 class Planner
 {
@@ -85,7 +42,7 @@ public:
 
     void plan(BudgetItemTypes type, QString const& name, Money const& amount, EventFrequency period, int dueIn)
     {
-        household_.add(item(type, name, amount, period, dueIn), std::nullopt, today_);
+        household_.add(item(type, name, amount, period, dueIn), std::nullopt, SamplePostings::begin(today_));
     }
 
     void owe(QString const& name, Money const& payment, EventFrequency period, int dueIn, DebtTerms const& terms,
@@ -93,7 +50,7 @@ public:
     {
         auto debt = item(BudgetItemTypes::Debt, name, payment, period, dueIn);
         debt.debt = terms;
-        household_.add(std::move(debt), keptAt, today_);
+        household_.add(std::move(debt), keptAt, SamplePostings::begin(today_));
     }
 
     void saveFor(QString const& name, Money const& share, EventFrequency period, int dueIn, Money const& goalTotal,
@@ -101,7 +58,7 @@ public:
     {
         auto goal = item(BudgetItemTypes::Goal, name, share, period, dueIn);
         goal.goalTotal = goalTotal;
-        household_.add(std::move(goal), keptAt, today_);
+        household_.add(std::move(goal), keptAt, SamplePostings::begin(today_));
     }
 
 private:
@@ -178,6 +135,7 @@ struct Banks
     BankAccount checking;
     BankAccount savings;
     BankAccount travels;
+    BankAccount card;
 };
 
 Banks openBanks(Household& household, QDate const& today)
@@ -186,11 +144,12 @@ Banks openBanks(Household& household, QDate const& today)
     household.addBank(banks.main);
     household.addBank(banks.second);
     auto const open = [&](BankName const& bank, QString const& name, BankAccountTypes type, Money const& balance) {
-        return BankAccount{bank, household.addBankAccount(bank, name, type, balance, today), type};
+        auto const number = household.addBankAccount(bank, name, type, balance, SamplePostings::begin(today));
+        return BankAccount{bank, number, type};
     };
     banks.checking = open(banks.main, tr("Everyday checking"), BankAccountTypes::Checking, dollars(2'318, 45));
     banks.savings = open(banks.main, tr("Rainy day savings"), BankAccountTypes::Savings, dollars(4'150));
-    open(banks.main, tr("Credit card"), BankAccountTypes::CreditCard, dollars(386, 20));
+    banks.card = open(banks.main, tr("Credit card"), BankAccountTypes::CreditCard, dollars(386, 20));
     banks.travels = open(banks.second, tr("Travel savings"), BankAccountTypes::Savings, euros(640));
     return banks;
 }
@@ -217,6 +176,29 @@ void planNontracks(Planner& planner)
     planner.plan(BudgetItemTypes::Nontrack, tr("Pocket money"), dollars(40), EventFrequency::Weekly, -8);
     planner.plan(BudgetItemTypes::Nontrack, tr("Eating out"), dollars(85), EventFrequency::Fortnightly, 0);
 }
+
+/// Lets what happened some time ago have been looked at since.
+void markByAge(Household& household, OpenStore const& store, QDate const& today)
+{
+    std::set<PostingId> cleared;
+    std::vector<PostingId> reconciled;
+    for (auto const& [id, posting] : store.postings()) {
+        if (posting.occurredOn < today.addMonths(-2)) {
+            reconciled.push_back(id);
+        } else if (posting.occurredOn < today.addDays(-14)) {
+            cleared.insert(id);
+        }
+    }
+    std::ranges::for_each(reconciled, [&](auto const& id) { household.markReconciled(id); });
+    household.markCleared(cleared);
+}
+
+std::vector<Posting> postingsIn(OpenStore const& store)
+{
+    std::vector<Posting> found;
+    std::ranges::transform(store.postings(), std::back_inserter(found), [](auto const& entry) { return entry.second; });
+    return found;
+}
 }
 
 NewBudget sampleHousehold(QDate const& today)
@@ -234,6 +216,9 @@ NewBudget sampleHousehold(QDate const& today)
     planDebts(planner, banks);
     planGoals(planner, banks);
     planNontracks(planner);
-    return {household.content(), store.postings()};
+    SampleAccounts const accounts{banks.checking.number, banks.savings.number, banks.card.number, banks.travels.number};
+    SamplePostings(household, accounts, today).post();
+    markByAge(household, store, today);
+    return {household.content(), postingsIn(store)};
 }
 }

@@ -115,6 +115,26 @@ TEST_F(DamagedBooksTest, OpeningBalancesInTwoAccountsOrOutsideOfEquity)
     expectDamaged(content, sentence);
 }
 
+TEST_F(DamagedBooksTest, ExchangesInTwoAccountsOrOutsideOfEquity)
+{
+    auto const sentence = "Transfers out of and into USD stand in more than one account, or in one that isn't equity. "
+                          "The books are damaged.";
+    auto const exchange = [](unsigned int number, AccountTypes type) {
+        AccountNumber const own(number);
+        return std::pair(own, BookAccount{AccountCode(own, "Exchange", std::nullopt), type, Currency::USD, false,
+                                          AccountPurposes::Exchange});
+    };
+    auto once = content;
+    once.books.accounts.insert(exchange(3500, AccountTypes::Equity));
+    auto twice = once;
+    twice.books.accounts.insert(exchange(3501, AccountTypes::Equity));
+    content.books.accounts.insert(exchange(3500, AccountTypes::Asset));
+
+    EXPECT_NO_THROW(Household(once, store));
+    expectDamaged(twice, sentence);
+    expectDamaged(content, sentence);
+}
+
 TEST_F(DamagedBooksTest, BanksWithoutANameOfTheirOwn)
 {
     auto const put = [&](BankName const& key, BankName const& name) {

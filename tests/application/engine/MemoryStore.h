@@ -22,10 +22,10 @@ class MemoryStore : public Store
     using BudgetItemIdentifier = tlm::budgeting::BudgetItemIdentifier;
 
 public:
-    explicit MemoryStore(NewBudget budget) : kept_{std::move(budget.content), {}}
+    explicit MemoryStore(NewBudget budget) : kept_{std::move(budget.content), {}, 0}
     {
         for (auto const& posting : budget.postings) {
-            kept_.postings.emplace(PostingId{++lastId_}, posting);
+            kept_.postings.emplace(PostingId{++kept_.lastId}, posting);
         }
     }
     explicit MemoryStore(BudgetContent content) : MemoryStore(NewBudget{std::move(content), {}}) {}
@@ -77,12 +77,16 @@ public:
     {
         checkParent(account);
         checkKnown(original);
-        check(original == account.code.number());
-        inside().content.books.accounts.insert_or_assign(original, account);
+        auto& books = inside().content.books;
+        books.accounts.erase(original);
+        check(books.accounts.emplace(account.code.number(), account).second);
+        if (account.code.number() != original) {
+            renumber(original, account.code.number());
+        }
     }
     void remove(AccountNumber const& number) override
     {
-        auto& [content, postings] = inside();
+        auto& [content, postings, lastId] = inside();
         auto& books = content.books;
         check(std::ranges::none_of(content.items, [&](auto const& entry) { return entry.second.account == number; }));
         check(std::ranges::none_of(books.banks,
@@ -96,7 +100,8 @@ public:
     void add(Bank const& bank) override
     {
         auto& banks = inside().content.books.banks;
-        for (auto const& [number, type] : bank.accounts()) {
+        for (auto const& listed : bank.accounts()) {
+            auto const& number = listed.first;
             checkKnown(number);
             check(std::ranges::none_of(banks,
                                        [&](auto const& entry) { return entry.second.accounts().contains(number); }));
@@ -112,24 +117,41 @@ public:
 
     PostingId post(Posting const& posting) override
     {
-        auto const& accounts = inside().content.books.accounts;
-        checkKnown(posting.debiting);
-        checkKnown(posting.crediting);
-        checkKnown(posting.madeFrom.value_or(posting.debiting));
-        check(posting.amount > 0 && posting.debiting != posting.crediting && posting.occurredOn.isValid());
-        check(accounts.at(posting.debiting).currency == posting.amount.code());
-        check(accounts.at(posting.crediting).currency == posting.amount.code());
-        return inside().postings.emplace(PostingId{++lastId_}, posting).first->first;
+        auto& [content, postings, lastId] = inside();
+        checkPosting(posting);
+        return postings.emplace(PostingId{++lastId}, posting).first->first;
+    }
+    void change(PostingId const& id, Posting const& posting) override
+    {
+        auto& postings = inside().postings;
+        check(postings.contains(id));
+        checkPosting(posting);
+        postings.insert_or_assign(id, posting);
     }
     void remove(PostingId const& id) override { check(inside().postings.erase(id) == 1); }
 
+    std::optional<Posting> posting(PostingId const& id) const override
+    {
+        auto const found = present().postings.find(id);
+        return found == present().postings.end() ? std::nullopt : std::optional(found->second);
+    }
     std::map<PostingId, Posting> postingsOf(AccountNumber const& number) const override
     {
-        auto found = isInside_ ? pending_.postings : kept_.postings;
-        std::erase_if(found, [&](auto const& entry) {
-            return entry.second.debiting != number && entry.second.crediting != number;
-        });
-        return found;
+        return latestPostingsOf(number, present().postings.size());
+    }
+    std::map<PostingId, Posting> latestPostingsOf(AccountNumber const& number, std::size_t most) const override
+    {
+        std::map<std::pair<QDate, PostingId>, Posting> byDay;
+        for (auto const& [id, posting] : present().postings) {
+            if (posting.debiting == number || posting.crediting == number) {
+                byDay.emplace(std::pair(posting.occurredOn, id), posting);
+            }
+        }
+        std::map<PostingId, Posting> latest;
+        for (auto next = byDay.rbegin(); next != byDay.rend() && latest.size() < most; ++next) {
+            latest.emplace(next->first.second, next->second);
+        }
+        return latest;
     }
 
     BudgetContent const& kept() const { return kept_.content; }
@@ -147,6 +169,7 @@ private:
     {
         BudgetContent content;
         std::map<PostingId, Posting> postings;
+        std::int64_t lastId = 0;
     };
 
     static void check(bool isMet)
@@ -174,6 +197,46 @@ private:
         return found;
     }
 
+    /// Lets all that tells of the account \a before tell of \a after.
+    void renumber(AccountNumber const& before, AccountNumber const& after)
+    {
+        auto const follow = [&](AccountNumber& number) { number = number == before ? after : number; };
+        auto& [content, postings, lastId] = pending_;
+        for (auto& [identifier, item] : content.items) {
+            follow(item.account);
+        }
+        for (auto& [number, account] : content.books.accounts) {
+            if (account.code.parent() == before) {
+                account.code = {number, account.code.name(), after};
+            }
+        }
+        for (auto& [name, bank] : content.books.banks) {
+            auto accounts = bank.accounts();
+            if (auto listed = accounts.extract(before)) {
+                listed.key() = after;
+                accounts.insert(std::move(listed));
+            }
+            bank = {name, std::move(accounts), bank.isClosed()};
+        }
+        for (auto& [id, posting] : postings) {
+            follow(posting.debiting);
+            follow(posting.crediting);
+            if (posting.madeFrom) {
+                follow(*posting.madeFrom);
+            }
+        }
+    }
+
+    void checkPosting(Posting const& posting)
+    {
+        auto const& accounts = pending_.content.books.accounts;
+        checkKnown(posting.debiting);
+        checkKnown(posting.crediting);
+        checkKnown(posting.madeFrom.value_or(posting.debiting));
+        check(posting.amount > 0 && posting.debiting != posting.crediting && posting.occurredOn.isValid());
+        check(accounts.at(posting.debiting).currency == posting.amount.code());
+        check(accounts.at(posting.crediting).currency == posting.amount.code());
+    }
     void checkKnown(AccountNumber const& number) { check(pending_.content.books.accounts.contains(number)); }
     void checkParent(BookAccount const& account)
     {
@@ -181,6 +244,7 @@ private:
             checkKnown(*account.code.parent());
         }
     }
+    Kept const& present() const { return isInside_ ? pending_ : kept_; }
     Kept& inside()
     {
         if (!isInside_) {
@@ -194,7 +258,6 @@ private:
 
     Kept kept_;
     Kept pending_;
-    std::int64_t lastId_ = 0;
     int transactions_ = 0;
     bool isInside_ = false;
     bool isFull_ = false;

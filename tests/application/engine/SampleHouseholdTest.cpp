@@ -11,8 +11,13 @@
 #include <utility>
 
 using ::testing::AllOf;
+using ::testing::Ge;
 using ::testing::Gt;
+using ::testing::IsEmpty;
+using ::testing::Le;
 using ::testing::Lt;
+using tlm::accounting::AccountTypes;
+using tlm::accounting::TransactionStatuses;
 using tlm::banking::BankAccountTypes;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::EventFrequency;
@@ -89,8 +94,73 @@ TEST_P(SampleHouseholdTest, BringsThePostingsThatItsTurnoversCount)
         }
     }
 
-    EXPECT_EQ(budget.postings.size(), 6U);
+    EXPECT_THAT(budget.postings.size(), AllOf(Gt(600U), Lt(900U)));
     EXPECT_EQ(counted, content.books.turnovers);
+}
+
+TEST_P(SampleHouseholdTest, HasLivedThroughEighteenMonths)
+{
+    std::set<std::pair<int, int>> months;
+    for (auto const& posting : budget.postings) {
+        EXPECT_THAT(posting.occurredOn, AllOf(Ge(GetParam().addMonths(-18)), Le(GetParam())));
+        months.emplace(posting.occurredOn.year(), posting.occurredOn.month());
+    }
+
+    EXPECT_GE(months.size(), 18U);
+}
+
+TEST_P(SampleHouseholdTest, HasLookedAtWhatIsOlder)
+{
+    std::set<TransactionStatuses> statuses;
+    for (auto const& posting : budget.postings) {
+        auto const age = posting.occurredOn.daysTo(GetParam());
+        auto const expected = age > 62   ? TransactionStatuses::Reconciled
+                              : age < 59 ? (age > 14 ? TransactionStatuses::Cleared : TransactionStatuses::NotCleared)
+                                         : posting.status;
+        EXPECT_EQ(posting.status, expected) << posting.occurredOn.toString(Qt::ISODate).toStdString();
+        statuses.insert(posting.status);
+    }
+
+    EXPECT_EQ(statuses.size(), 3U);
+}
+
+TEST_P(SampleHouseholdTest, RemembersTheItemsThatPostingsWereMadeFrom)
+{
+    std::map<tlm::accounting::AccountNumber, int> made;
+    for (auto const& posting : budget.postings) {
+        if (posting.madeFrom) {
+            EXPECT_TRUE(*posting.madeFrom == posting.debiting || *posting.madeFrom == posting.crediting);
+            ++made[*posting.madeFrom];
+        }
+    }
+
+    for (auto const& [identifier, item] : content.items) {
+        auto const isRare = item.period == EventFrequency::EveryTenYears;
+        EXPECT_TRUE(isRare || made[item.account] > 0) << identifier.source.name().toStdString();
+    }
+}
+
+TEST_P(SampleHouseholdTest, IsOnItsWayToItsGoalsAndOutOfItsDebts)
+{
+    for (auto const& [identifier, item] : content.items) {
+        auto const balance = sample.balance(item.account);
+        if (item.goalTotal) {
+            EXPECT_THAT(balance, AllOf(Gt(item.amount), Lt(*item.goalTotal)));
+        }
+        if (item.debt) {
+            EXPECT_THAT(balance, AllOf(Gt(item.amount), Lt(item.debt->borrowed)));
+        }
+    }
+}
+
+TEST_P(SampleHouseholdTest, HasMovedMoneyFromCurrencyToCurrency)
+{
+    auto exchanges = 0;
+    for (auto const& [number, account] : content.books.accounts) {
+        exchanges += account.purpose == AccountPurposes::Exchange && sample.balance(number) != 0 ? 1 : 0;
+    }
+
+    EXPECT_EQ(exchanges, 2);
 }
 
 TEST_P(SampleHouseholdTest, HasARateForEachPairOfItsCurrencies)
@@ -149,6 +219,31 @@ TEST_P(SampleHouseholdTest, IsTheSameForTheSameDayInEveryTimeZone)
 
     zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
     tzset();
+}
+
+/// \return the names of the accounts that \a budget has ever overdrawn
+std::set<QString> overdrawn(NewBudget const& budget)
+{
+    std::map<tlm::accounting::AccountNumber, long long> balances;
+    std::set<QString> found;
+    for (auto const& posting : budget.postings) {
+        balances[posting.debiting] += posting.amount.amount();
+        auto const& account = budget.content.books.accounts.at(posting.crediting);
+        if ((balances[posting.crediting] -= posting.amount.amount()) < 0 && account.type == AccountTypes::Asset) {
+            found.insert(account.code.name());
+        }
+    }
+    return found;
+}
+
+TEST(SampleHouseholdsTest, OverdrawNothingOnWhateverDayTheyAreMade)
+{
+    for (QDate day(2026, 1, 1); day < QDate(2027, 1, 1); day = day.addDays(5)) {
+        auto const budget = sampleHousehold(day);
+
+        EXPECT_THAT(overdrawn(budget), IsEmpty()) << day.toString(Qt::ISODate).toStdString();
+        EXPECT_THAT(budget.postings.size(), AllOf(Gt(600U), Lt(900U)));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Days, SampleHouseholdTest,

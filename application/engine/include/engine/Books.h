@@ -15,8 +15,9 @@ namespace tallymere::engine {
 /// What the books themselves need an account for.
 enum class AccountPurposes : unsigned char
 {
-    Household = 0,      ///< nothing: the household keeps it for its own ends
-    OpeningBalances = 1 ///< an equity account against which the balances of new accounts are posted
+    Household = 0,       ///< nothing: the household keeps it for its own ends
+    OpeningBalances = 1, ///< an equity account against which the balances of new accounts are posted
+    Exchange = 2         ///< an equity account that holds what transfers turned into or out of its currency
 };
 
 /// A ledger account as the books keep it.

@@ -2,6 +2,7 @@
 
 #include <engine/BudgetContent.h>
 #include <engine/Store.h>
+#include <tlm/accounting/Account.h>
 #include <tlm/adviser/BudgetHealth.h>
 #include <tlm/banking/AccountNumberBankType.h>
 #include <tlm/banking/BankAccount.h>
@@ -11,6 +12,7 @@
 #include <tlm/navigation/BudgetBankAccount.h>
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -21,6 +23,7 @@ namespace tallymere::engine {
 class BooksDraft;
 class Chart;
 class Plan;
+struct NewBankAccount;
 
 /// The budget and its books in memory: checks every change, stores it, then takes it over.
 ///
@@ -67,7 +70,50 @@ public:
     /// Refused while any other posting needs them.
     void remove(tlm::budgeting::BudgetItemIdentifier const& identifier);
 
+    /// \name Accounts
+    /// An account that belongs to a budget item keeps that item's name and place: it can be given another number, and
+    /// nothing else.
+    ///@{
+
+    /// Adds an account to the chart, and posts its balance against an equity account unless it is zero.
+    /// \param account with a number and a name that no other account has; its balance tells the account's currency
+    void addAccount(tlm::accounting::Account const& account, QDate const& openedOn);
+
+    /// Gives an account another number, name or parent. Banks, items, postings and sub-accounts follow its number.
+    void recode(tlm::accounting::AccountNumber const& current, tlm::accounting::AccountCode const& changed);
+
+    /// Closes an account whose balance is zero and that nothing else needs open. A closed one stays closed.
+    void closeAccount(tlm::accounting::AccountNumber const& number);
+    void reopenAccount(tlm::accounting::AccountNumber const& number);
+
+    /// Drops an account with the balance that it opened with. Refused while any other posting needs it. A bank that
+    /// lists it lists it no longer.
+    void removeAccount(tlm::accounting::AccountNumber const& number);
+    ///@}
+
+    /// \name Banks
+    ///@{
     void addBank(tlm::banking::BankName const& name);
+
+    /// Adds a bank with accounts of the chart that no other bank lists.
+    void addBank(tlm::banking::Bank const& bank);
+    void renameBank(tlm::banking::BankName const& original, tlm::banking::BankName const& changed);
+
+    /// Puts \a accounts in the place of those that the bank lists. Those that it lists no longer stay in the chart.
+    void listAccounts(tlm::banking::BankName const& bank,
+                      std::map<tlm::accounting::AccountNumber, tlm::banking::BankAccountTypes> const& accounts);
+
+    /// Closes a bank whose accounts hold nothing. A closed one stays closed.
+    void closeBank(tlm::banking::BankName const& name);
+    void reopenBank(tlm::banking::BankName const& name);
+
+    /// Drops a bank without accounts.
+    void removeBank(tlm::banking::BankName const& name);
+
+    /// Makes an account of the kind \a type that no bank lists yet, and posts \a openingBalance unless it is zero.
+    /// \param openingBalance as below
+    tlm::accounting::AccountNumber addBankAccount(QString const& name, tlm::banking::BankAccountTypes type,
+                                                  fiscora::Money const& openingBalance, QDate const& openedOn);
 
     /// Makes an account at the bank \a bank, and posts \a openingBalance unless it is zero.
     /// \param openingBalance in the account's currency; what the household has in an asset account, what it owes in others
@@ -75,7 +121,37 @@ public:
                                                   tlm::banking::BankAccountTypes type,
                                                   fiscora::Money const& openingBalance, QDate const& openedOn);
 
+    ///@}
+
+    /// \name Postings
+    /// What is reconciled stays as it is, until it is unreconciled.
+    ///@{
     PostingId post(Posting const& posting);
+
+    /// Puts \a posting in the place of the one of \a id, which remembers its item as long as it touches that item's account.
+    void changePosting(PostingId const& id, Posting posting);
+    void removePosting(PostingId const& id);
+
+    /// Raises what isn't reconciled to cleared, all of \a ids or none.
+    void markCleared(std::set<PostingId> const& ids);
+    void markReconciled(PostingId const& id);
+    /// Lowers what is reconciled to cleared, all of \a ids or none.
+    void markUnreconciled(std::set<PostingId> const& ids);
+
+    /// Moves \a amount from one account to another. Where their currencies differ, it goes through the exchange accounts of
+    /// both, at the registered rate.
+    /// \param amount above zero, in the currency of the account \a from
+    /// \param reason may be empty
+    /// \return the posting by which the amount left the account \a from
+    PostingId transfer(tlm::accounting::AccountNumber const& from, tlm::accounting::AccountNumber const& to,
+                       fiscora::Money const& amount, QString const& reason, QDate const& transferredOn);
+
+    /// \return the \a most latest postings to the account, by day, and by identifier within a day
+    std::map<PostingId, Posting> latestPostingsOf(tlm::accounting::AccountNumber const& number, std::size_t most) const;
+    ///@}
+
+    /// \return all accounts with their balances, closed ones too
+    std::set<tlm::accounting::Account> accounts() const;
 
     /// \return what the account holds: debits less credits of assets and expenses, credits less debits of the others
     fiscora::Money balance(tlm::accounting::AccountNumber const& number) const;
@@ -122,6 +198,9 @@ private:
     void check(PlannedItem const& item) const;
     void checkUnused(tlm::budgeting::BudgetItemIdentifier const& name, PlannedItem const* replaced) const;
     void replace(PlannedItem const& before, PlannedItem const& after, BooksDraft& draft);
+    template <typename Changes, typename Change>
+    PostingId make(Change const& change);
+    tlm::accounting::AccountNumber addBankAccount(NewBankAccount const& account);
     PostingId keep(BooksDraft& draft);
     void countInProcess() const;
 

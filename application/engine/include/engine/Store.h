@@ -3,8 +3,10 @@
 #include <engine/BudgetContent.h>
 #include <engine/Posting.h>
 
+#include <cstddef>
 #include <functional>
 #include <map>
+#include <optional>
 
 namespace tallymere::engine {
 
@@ -43,9 +45,18 @@ public:
     virtual void remove(tlm::banking::BankName const& name) = 0;
 
     virtual PostingId post(Posting const& posting) = 0;
+    /// Puts \a posting in the place of the one of \a id.
+    virtual void change(PostingId const& id, Posting const& posting) = 0;
     virtual void remove(PostingId const& id) = 0;
+
+    /// \return what was posted under \a id, none when there is no such posting. May be called outside of transact() too.
+    virtual std::optional<Posting> posting(PostingId const& id) const = 0;
 
     /// \return what was posted to the account of \a number. May be called outside of transact() too.
     virtual std::map<PostingId, Posting> postingsOf(tlm::accounting::AccountNumber const& number) const = 0;
+
+    /// \return the \a most latest of postingsOf(), by day, and by identifier within a day
+    virtual std::map<PostingId, Posting> latestPostingsOf(tlm::accounting::AccountNumber const& number,
+                                                          std::size_t most) const = 0;
 };
 }
