@@ -1,7 +1,6 @@
 #include "BooksWriter.h"
 
 #include "Names.h"
-#include "PostingRows.h"
 #include "SourceKey.h"
 #include "Stored.h"
 
@@ -16,8 +15,6 @@
 
 using tallymere::engine::BookAccount;
 using tallymere::engine::Books;
-using tallymere::engine::Posting;
-using tallymere::engine::PostingId;
 using tlm::accounting::AccountCode;
 using tlm::accounting::AccountNumber;
 using tlm::banking::Bank;
@@ -31,12 +28,6 @@ namespace {
 QString tr(char const* text)
 {
     return QCoreApplication::translate("BooksWriter", text);
-}
-
-std::string const& onePosting()
-{
-    static auto const words = std::string(postingRows) + " WHERE postings.id = ?";
-    return words;
 }
 
 void require(bool isFound, QString const& missing)
@@ -54,11 +45,6 @@ QString missing(AccountNumber const& number)
 QString missing(BankName const& name)
 {
     return tr("%1 isn't among the banks any more. Choose another bank.").arg(name.institution());
-}
-
-QString missing(PostingId const& /*id*/)
-{
-    return tr("The posting isn't in the books any more, so it can't be removed.");
 }
 
 void bind(SQLite::Statement& row, BankName const& name)
@@ -97,11 +83,7 @@ BooksWriter::BooksWriter(SQLite::Database& database)
       changeBank_(database, "UPDATE banks SET name_key = ?, name = ?, is_closed = ? WHERE id = ?"),
       removeBank_(database, "DELETE FROM banks WHERE id = ?"),
       addBankAccount_(database, "INSERT INTO bank_accounts (account, bank, kind) VALUES (?, ?, ?)"),
-      removeBankAccounts_(database, "DELETE FROM bank_accounts WHERE bank = ?"),
-      post_(database, "INSERT INTO postings (occurred_on, debiting, crediting, amount, currency, description, status, "
-                      "made_from) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
-      posted_(database, onePosting().c_str()),
-      removePosting_(database, "DELETE FROM postings WHERE id = ?")
+      removeBankAccounts_(database, "DELETE FROM bank_accounts WHERE bank = ?")
 {}
 
 void BooksWriter::write(Books const& books)
@@ -152,7 +134,7 @@ void BooksWriter::change(AccountNumber const& original, BookAccount const& accou
     bind(row, account);
     row.bind(7, original.integer());
     require(changeAccount_.run() == 1, missing(original));
-    postingsChange_.haveOtherAccounts |= account.code.number() != original;
+    isRenumbered_ |= account.code.number() != original;
 }
 
 void BooksWriter::remove(AccountNumber const& number)
@@ -211,41 +193,5 @@ void BooksWriter::remove(BankName const& name)
     removeBankAccounts_.run();
     removeBank_.get().bind(1, id);
     removeBank_.run();
-}
-
-PostingId BooksWriter::post(Posting const& posting)
-{
-    auto& row = post_.get();
-    row.clearBindings();
-    row.bind(1, stored(posting.occurredOn));
-    row.bind(2, accountId(posting.debiting));
-    row.bind(3, accountId(posting.crediting));
-    row.bind(4, integer(posting.amount.amount()));
-    row.bind(5, fiscora::toStdString(posting.amount.code()));
-    row.bind(6, stored(posting.description));
-    row.bind(7, names::toName(posting.status));
-    if (posting.madeFrom) {
-        row.bind(8, accountId(*posting.madeFrom));
-    }
-    post_.run();
-    PostingId const id{database_.getLastInsertRowid()};
-    follow(id, &PostingsDigest::add);
-    return id;
-}
-
-void BooksWriter::remove(PostingId const& id)
-{
-    follow(id, &PostingsDigest::remove);
-    removePosting_.get().bind(1, id.value);
-    removePosting_.run();
-}
-
-void BooksWriter::follow(PostingId const& id, DigestChange followUp)
-{
-    auto& row = posted_.get();
-    ScopeExecutor const ready([&row] { row.tryReset(); });
-    row.bind(1, id.value);
-    require(row.executeStep(), missing(id));
-    (postingsChange_.digest.*followUp)(row);
 }
 }

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "LazyStatement.h"
-#include "PostingsDigest.h"
 
 #include <engine/Books.h>
-#include <engine/Posting.h>
 
 #include <SQLiteCpp/Database.h>
 #include <cstdint>
@@ -32,26 +30,20 @@ public:
     void change(tlm::banking::BankName const& original, tlm::banking::Bank const& bank);
     void remove(tlm::banking::BankName const& name);
 
-    engine::PostingId post(engine::Posting const& posting);
-    void remove(engine::PostingId const& id);
-
     /// \return the key by which other rows tell of the account
     /// \throws DocumentError when there is none of \a number
     std::int64_t accountId(tlm::accounting::AccountNumber const& number);
 
-    /// \return what was posted and removed since this was asked last
-    PostingsChange takePostingsChange() { return std::exchange(postingsChange_, {}); }
+    /// \return whether an account got another number since this was asked last, which its postings tell of
+    bool takeRenumbering() { return std::exchange(isRenumbered_, false); }
 
 private:
-    using DigestChange = void (PostingsDigest::*)(SQLite::Statement const&);
-
     std::int64_t bankId(tlm::banking::BankName const& name);
     void bind(SQLite::Statement& row, engine::BookAccount const& account);
     void writeAccounts(std::int64_t bank, tlm::banking::Bank const& kept);
-    void follow(engine::PostingId const& id, DigestChange followUp);
 
     SQLite::Database& database_;
-    PostingsChange postingsChange_;
+    bool isRenumbered_ = false;
     LazyStatement accountId_;
     LazyStatement addAccount_;
     LazyStatement changeAccount_;
@@ -63,8 +55,5 @@ private:
     LazyStatement removeBank_;
     LazyStatement addBankAccount_;
     LazyStatement removeBankAccounts_;
-    LazyStatement post_;
-    LazyStatement posted_;
-    LazyStatement removePosting_;
 };
 }

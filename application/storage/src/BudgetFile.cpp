@@ -120,7 +120,7 @@ void BudgetFile::replace(WorkingCopy const& copy)
     isInDoubt_ = false;
 }
 
-bool BudgetFile::holds(QByteArray const& digest) const
+bool BudgetFile::holds(WorkingCopy const& copy) const
 {
     auto const status = filesystem::status(path_);
     if (isInDoubt_ || !status) {
@@ -130,7 +130,7 @@ bool BudgetFile::holds(QByteArray const& digest) const
         digest_ = digestOfFile(workingCopies_, filePathName_);
         stamp_ = stamp;
     }
-    return digest_ == digest;
+    return digest_ && copy.hasDigest(*digest_);
 }
 
 void BudgetFile::requireReplaceable() const

@@ -37,8 +37,8 @@ public:
     /// Has the file hold what \a copy holds, for good once it returns. Until then it holds all of what it held before.
     void replace(WorkingCopy const& copy);
 
-    /// \return whether the file is there, sound, and holds content of \a digest. It is read only when it has changed.
-    bool holds(QByteArray const& digest) const;
+    /// \return whether the file is there, sound, and holds what \a copy holds. It is read only when it has changed.
+    bool holds(WorkingCopy const& copy) const;
 
 private:
     void requireReplaceable() const;

@@ -1,5 +1,7 @@
 #include "Connection.h"
 
+#include <tlm/foundation/ScopeExecutor.h>
+
 #include <SQLiteCpp/Transaction.h>
 #include <array>
 #include <sqlite3.h>
@@ -37,7 +39,7 @@ void harden(SQLite::Database& database)
         sqlite3_limit(database.getHandle(), limit, most);
     }
     database.exec("PRAGMA cell_size_check = ON");
-    database.exec("PRAGMA cache_size = -32768"); // KiB at most: checks go through indexes in no order of the pages
+    database.exec("PRAGMA cache_size = -16384"); // KiB at most: checks go through tables and indexes in their own order
     database.exec("PRAGMA mmap_size = 0");       // a disk's fault is an error then, and not a signal
     database.exec("PRAGMA foreign_keys = ON");
 }
@@ -64,5 +66,12 @@ void transact(SQLite::Database& database, std::function<void()> const& changes)
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     changes();
     transaction.commit();
+}
+
+void transactFreely(SQLite::Database& database, std::function<void()> const& changes)
+{
+    database.exec("PRAGMA foreign_keys = OFF");
+    tlm::foundation::ScopeExecutor const again([&database] { database.tryExec("PRAGMA foreign_keys = ON"); });
+    transact(database, changes);
 }
 }

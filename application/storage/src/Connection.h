@@ -24,4 +24,7 @@ void makeDurable(SQLite::Database& database);
 /// Runs \a changes as one transaction, all of them or none.
 /// \throws whatever \a changes throws
 void transact(SQLite::Database& database, std::function<void()> const& changes);
+
+/// Does so while nobody sees to it that rows refer to others, for \a changes that put everything back in its place.
+void transactFreely(SQLite::Database& database, std::function<void()> const& changes);
 }

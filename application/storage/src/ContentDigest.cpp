@@ -1,8 +1,11 @@
 #include "ContentDigest.h"
 
+#include "PostingWords.h"
 #include "PostingsDigest.h"
+#include "Walk.h"
 
 #include <QCryptographicHash>
+#include <QtEndian>
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
@@ -73,13 +76,50 @@ void add(QCryptographicHash& hash, SQLite::Database const& database, std::span<c
         hash.addData("\n");
     }
 }
+
+using Sums = std::array<std::uint64_t, 4>;
+
+/// Adds what version 2 told of a posting.
+void add(Sums& sums, PostingWords const& words)
+{
+    std::string told;
+    tell(told, words);
+    auto const hash = QCryptographicHash::hash(QByteArrayView(told), QCryptographicHash::Blake2b_256);
+    for (auto place = 0U; place < sums.size(); ++place) {
+        sums[place] += qFromLittleEndian<quint64>(hash.constData() + place * sizeof(quint64));
+    }
 }
 
-QByteArray digestOf(SQLite::Database const& database, PostingsDigest const& postings)
+Sums sumsOfVersion2(SQLite::Database const& database)
+{
+    Sums sums{};
+    Walk row(database, postingRows);
+    row.begin();
+    while (row.next()) {
+        add(sums, wordsOf(row));
+    }
+    return sums;
+}
+}
+
+QByteArray digestOfPlan(SQLite::Database const& database)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     add(hash, database, allButPostings);
-    hash.addData(postings.bytes());
+    return hash.result();
+}
+
+QByteArray digestOf(QByteArray const& plan, PostingsDigest const& postings)
+{
+    return plan + postings.bytes();
+}
+
+QByteArray digestOfVersion2(SQLite::Database const& database)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    add(hash, database, allButPostings);
+    auto const sums = sumsOfVersion2(database);
+    hash.addData(QByteArrayView(reinterpret_cast<char const*>(sums.data()), sizeof sums));
     return hash.result();
 }
 

@@ -2,13 +2,11 @@
 
 #include "BooksReader.h"
 #include "Names.h"
+#include "OrUnsound.h"
 #include "Rows.h"
 #include "SourceKey.h"
 
-#include <tlm/foundation/Error.h>
-
 #include <SQLiteCpp/Database.h>
-#include <stdexcept>
 #include <utility>
 
 using fiscora::Currency;
@@ -122,28 +120,13 @@ BudgetContent readPlan(SQLite::Database const& database, std::string const& acco
     content.items = readItems(database, content.settings.usable, account, from);
     return content;
 }
-
-/// \return what \a read gives
-/// \throws UnsoundBudget for a value that means nothing
-template <typename Read>
-BudgetContent orUnsound(Read const& read)
-{
-    using Reason = UnsoundBudget::Reason;
-    try {
-        return read();
-    } catch (std::invalid_argument const& unknown) {
-        throw UnsoundBudget(Reason::Damaged, unknown.what());
-    } catch (tlm::foundation::Error const& refused) {
-        throw UnsoundBudget(Reason::Damaged, refused.what());
-    }
-}
 }
 
-BudgetContent readContent(SQLite::Database const& database)
+BudgetContent readContent(SQLite::Database const& database, PostingsTally const& postings)
 {
-    return orUnsound([&database] {
+    return orUnsound([&] {
         auto content = readPlan(database, "number", "items CROSS JOIN accounts ON accounts.id = account");
-        content.books = readBooks(database);
+        content.books = readBooks(database, postings);
         return content;
     });
 }

@@ -63,6 +63,7 @@ void requireFound(int changes, BudgetItemIdentifier const& identifier)
 ContentWriter::ContentWriter(SQLite::Database& database)
     : database_(database),
       books_(database),
+      postings_(database, books_),
       settings_(database,
                 "INSERT OR REPLACE INTO settings (id, preferred_currency, display_currencies_as, balance_window, "
                 "balance_window_decimals, due_within_days, working_hours_per_week, working_days_per_week, "
@@ -96,7 +97,7 @@ void ContentWriter::writePlan(BudgetContent const& content, std::vector<Posting>
         add(entry.second);
     }
     for (auto const& posting : postings) {
-        books_.post(posting);
+        postings_.post(posting);
     }
 }
 

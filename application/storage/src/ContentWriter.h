@@ -2,6 +2,7 @@
 
 #include "BooksWriter.h"
 #include "LazyStatement.h"
+#include "PostingsWriter.h"
 
 #include <engine/BudgetContent.h>
 #include <engine/Posting.h>
@@ -32,6 +33,7 @@ public:
     void remove(tlm::budgeting::BudgetItemIdentifier const& identifier);
 
     BooksWriter& books() { return books_; }
+    PostingsWriter& postings() { return postings_; }
 
 private:
     void bind(SQLite::Statement& row, engine::PlannedItem const& item);
@@ -39,6 +41,7 @@ private:
 
     SQLite::Database& database_;
     BooksWriter books_;
+    PostingsWriter postings_;
     LazyStatement settings_;
     LazyStatement usable_;
     LazyStatement fetched_;

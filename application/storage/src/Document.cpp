@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <limits>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
@@ -69,7 +70,7 @@ bool holdsUnsavedWork(Places const& places, WorkingFiles files)
     try {
         auto const copy = WorkingCopy::ofOrphan(std::move(files));
         auto const origin = copy->origin();
-        auto const& digest = copy->digest();
+        auto const digest = copy->digest();
         auto const isSaved =
             digest == origin.digest ||
             (!origin.filePathName.isEmpty() && digest == digestOfFile(workingCopies(places), origin.filePathName));
@@ -176,8 +177,7 @@ QString Document::filePathName() const
 bool Document::isDirty() const
 {
     return orRefuse(Deed::Read, {}, [this] {
-        auto const& digest = copy_->digest();
-        return isRecovered_ || (file_ ? !file_->holds(digest) : digest != savedDigest_);
+        return isRecovered_ || (file_ ? !file_->holds(*copy_) : !copy_->hasDigest(savedDigest_));
     });
 }
 
@@ -266,13 +266,25 @@ void Document::transact(std::function<void()> const& changes)
     }
 }
 
-template <typename Change>
-auto Document::keep(Change const& change)
+void Document::requireTransaction() const
 {
     if (!copy_->isInTransaction()) {
         throw std::logic_error("A change needs a transaction.");
     }
-    return orRefuse(Deed::Change, {}, [&] { return change(copy_->writer()); });
+}
+
+template <typename Change>
+void Document::keep(Change const& change)
+{
+    requireTransaction();
+    orRefuse(Deed::Change, {}, [&] { change(copy_->writer()); });
+}
+
+template <typename Change>
+auto Document::keepPosting(Change const& change)
+{
+    requireTransaction();
+    return orRefuse(Deed::Change, {}, [&] { return change(copy_->postingsWriter()); });
 }
 
 void Document::write(Settings const& settings)
@@ -332,16 +344,31 @@ void Document::remove(BankName const& name)
 
 PostingId Document::post(Posting const& posting)
 {
-    return keep([&](ContentWriter& writer) { return writer.books().post(posting); });
+    return keepPosting([&](PostingsWriter& writer) { return writer.post(posting); });
+}
+
+void Document::change(PostingId const& id, Posting const& posting)
+{
+    keepPosting([&](PostingsWriter& writer) { writer.change(id, posting); });
 }
 
 void Document::remove(PostingId const& id)
 {
-    keep([&](ContentWriter& writer) { writer.books().remove(id); });
+    keepPosting([&](PostingsWriter& writer) { writer.remove(id); });
+}
+
+std::optional<Posting> Document::posting(PostingId const& id) const
+{
+    return orRefuse(Deed::Read, {}, [&] { return copy_->posting(id); });
 }
 
 std::map<PostingId, Posting> Document::postingsOf(AccountNumber const& number) const
 {
-    return orRefuse(Deed::Read, {}, [&] { return copy_->postingsOf(number); });
+    return latestPostingsOf(number, std::numeric_limits<std::size_t>::max());
+}
+
+std::map<PostingId, Posting> Document::latestPostingsOf(AccountNumber const& number, std::size_t most) const
+{
+    return orRefuse(Deed::Read, {}, [&] { return copy_->latestPostingsOf(number, most); });
 }
 }

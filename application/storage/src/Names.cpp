@@ -84,9 +84,10 @@ constexpr Words<BankAccountTypes, 6> bankAccountTypes{{
     {BankAccountTypes::Unspecified, "unspecified"},
 }};
 
-constexpr Words<AccountPurposes, 2> purposes{{
+constexpr Words<AccountPurposes, 3> purposes{{
     {AccountPurposes::Household, "household"},
     {AccountPurposes::OpeningBalances, "opening balances"},
+    {AccountPurposes::Exchange, "exchange"},
 }};
 
 template <typename Value, std::size_t Size>
@@ -100,11 +101,11 @@ std::string word(Words<Value, Size> const& words, Value value)
 }
 
 template <typename Value, std::size_t Size>
-Value value(Words<Value, Size> const& words, std::string const& word)
+Value value(Words<Value, Size> const& words, std::string_view word)
 {
     auto const found = std::ranges::find(words, word, &std::pair<Value, std::string_view>::second);
     if (found == words.end()) {
-        throw std::invalid_argument("no value for word '" + word + "'");
+        throw std::invalid_argument("no value for word '" + std::string(word) + "'");
     }
     return found->first;
 }
@@ -165,7 +166,7 @@ AccountTypes toAccountType(std::string const& name)
     return value(accountTypes, name);
 }
 
-TransactionStatuses toStatus(std::string const& name)
+TransactionStatuses toStatus(std::string_view name)
 {
     return value(statuses, name);
 }

@@ -9,6 +9,7 @@
 #include <tlm/navigation/CurrencyDisplayOptions.h>
 
 #include <string>
+#include <string_view>
 
 /// The words by which budget files name the values of enumerations. They never change, whatever the program calls them.
 namespace tallymere::storage::names {
@@ -27,7 +28,7 @@ tlm::budgeting::BudgetItemTypes toType(std::string const& name);
 tlm::budgeting::EventFrequency toFrequency(std::string const& name);
 tlm::navigation::CurrencyDisplayOptions toDisplayOption(std::string const& name);
 tlm::accounting::AccountTypes toAccountType(std::string const& name);
-tlm::accounting::TransactionStatuses toStatus(std::string const& name);
+tlm::accounting::TransactionStatuses toStatus(std::string_view name);
 tlm::banking::BankAccountTypes toBankAccountType(std::string const& name);
 engine::AccountPurposes toPurpose(std::string const& name);
 }

@@ -1,48 +1,36 @@
 #include "PostingsDigest.h"
 
-#include "PostingRows.h"
+#include "PostingWords.h"
+#include "Scrambled.h"
 
-#include <QCryptographicHash>
-#include <QtEndian>
-
-#include <SQLiteCpp/Column.h>
 #include <algorithm>
+#include <cstring>
 #include <functional>
-#include <string>
+#include <string_view>
 
 namespace tallymere::storage {
 
 namespace {
 
-constexpr int columns = 9;
-
-void tell(std::string& told, std::int64_t number)
+/// \return the first bytes of \a rest as a number, which are cut off there
+std::uint64_t takeNumber(std::string_view& rest)
 {
-    told.append(reinterpret_cast<char const*>(&number), sizeof number);
-}
-
-/// Tells the length of a text too, so that values that follow each other can't be taken for others.
-void tell(std::string& told, SQLite::Column const& value)
-{
-    if (value.isInteger()) {
-        tell(told, value.getInt64());
-        return;
-    }
-    auto const* const text = value.getText(); // before its length, which it may change
-    auto const size = value.getBytes();
-    tell(told, size);
-    told.append(text, static_cast<std::size_t>(size));
+    std::uint64_t number = 0;
+    auto const size = std::min(rest.size(), sizeof number);
+    std::memcpy(&number, rest.data(), size);
+    rest.remove_prefix(size);
+    return number;
 }
 }
 
-void PostingsDigest::add(SQLite::Statement const& row)
+void PostingsDigest::add(PostingWords const& words)
 {
-    std::ranges::transform(sums_, sumsOf(row), sums_.begin(), std::plus());
+    std::ranges::transform(sums_, sumsOf(words), sums_.begin(), std::plus());
 }
 
-void PostingsDigest::remove(SQLite::Statement const& row)
+void PostingsDigest::remove(PostingWords const& words)
 {
-    std::ranges::transform(sums_, sumsOf(row), sums_.begin(), std::minus());
+    std::ranges::transform(sums_, sumsOf(words), sums_.begin(), std::minus());
 }
 
 void PostingsDigest::add(PostingsDigest const& other)
@@ -55,27 +43,16 @@ QByteArray PostingsDigest::bytes() const
     return {reinterpret_cast<char const*>(sums_.data()), sizeof sums_};
 }
 
-PostingsDigest::Sums PostingsDigest::sumsOf(SQLite::Statement const& row)
+PostingsDigest::Sums PostingsDigest::sumsOf(PostingWords const& words)
 {
-    std::string told;
-    for (auto column = 1; column < columns; ++column) { // the id is no content
-        tell(told, row.getColumn(column));
-    }
-    auto const hash = QCryptographicHash::hash(QByteArrayView(told), QCryptographicHash::Blake2b_256);
-    Sums sums{};
-    for (auto place = 0U; place < sums.size(); ++place) {
-        sums[place] = qFromLittleEndian<quint64>(hash.constData() + place * sizeof(quint64));
+    told_.clear();
+    tell(told_, words);
+    Sums sums{told_.size(), ~told_.size()};
+    for (std::string_view rest = told_; !rest.empty();) {
+        auto const number = takeNumber(rest);
+        sums[0] = scrambled(sums[0] ^ number);
+        sums[1] = scrambled(sums[1] + number);
     }
     return sums;
-}
-
-PostingsDigest digestOfPostings(SQLite::Database const& database)
-{
-    PostingsDigest digest;
-    SQLite::Statement row(database, postingRows);
-    while (row.executeStep()) {
-        digest.add(row);
-    }
-    return digest;
 }
 }

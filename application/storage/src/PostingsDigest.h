@@ -2,23 +2,22 @@
 
 #include <QByteArray>
 
-#include <SQLiteCpp/Statement.h>
 #include <array>
 #include <cstdint>
-
-namespace SQLite {
-class Database;
-}
+#include <string>
 
 namespace tallymere::storage {
 
+struct PostingWords;
+
 /// A digest of postings that doesn't depend on their order, and follows each change without reading the others.
+///
+/// It tells apart what happens to a household's books; it isn't made against people who want two books to look the same.
 class PostingsDigest
 {
 public:
-    /// \param row one of `postingRows`
-    void add(SQLite::Statement const& row);
-    void remove(SQLite::Statement const& row);
+    void add(PostingWords const& words);
+    void remove(PostingWords const& words);
 
     /// Adds and removes what \a other did.
     void add(PostingsDigest const& other);
@@ -26,20 +25,11 @@ public:
     QByteArray bytes() const;
 
 private:
-    using Sums = std::array<std::uint64_t, 4>;
+    using Sums = std::array<std::uint64_t, 2>;
 
-    static Sums sumsOf(SQLite::Statement const& row);
+    Sums sumsOf(PostingWords const& words);
 
     Sums sums_{};
+    std::string told_; ///< keeps its room from one posting to the next
 };
-
-/// What happened to the postings of a budget.
-struct PostingsChange
-{
-    PostingsDigest digest;          ///< of those that came, less those that went
-    bool haveOtherAccounts = false; ///< an account got another number, which its postings tell of
-};
-
-/// \return a digest of all postings in \a database
-PostingsDigest digestOfPostings(SQLite::Database const& database);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Days.h"
 #include "UnsoundBudget.h"
 
 #include <fiscora/Currency.h>
@@ -57,8 +58,9 @@ inline fiscora::Currency currency(SQLite::Statement const& row, int column)
 /// \throws UnsoundBudget for a text that is no date
 inline QDate date(SQLite::Statement const& row, int column)
 {
-    auto date = QDate::fromString(text(row, column), Qt::ISODate);
-    require(date.isValid(), "no date");
-    return date;
+    auto const value = row.getColumn(column);
+    auto day = days::toDay({value.getText(), static_cast<std::size_t>(value.getBytes())});
+    require(day.isValid(), "no date");
+    return day;
 }
 }

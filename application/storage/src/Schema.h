@@ -11,7 +11,7 @@ namespace tallymere::storage::schema {
 
 /// Tells budget files from other databases: "TLMB" in ASCII.
 inline constexpr unsigned int applicationId = 0x544C4D42;
-inline constexpr unsigned int presentVersion = 2;
+inline constexpr unsigned int presentVersion = 3;
 inline constexpr unsigned int oldestVersion = 1;
 
 /// How much of a file's beginning checkHeader() looks at.
@@ -37,12 +37,17 @@ void create(SQLite::Database& database);
 /// Replaces the items of version 1 by the tables of the present version, which are empty then.
 void replaceVersion1(SQLite::Database& database);
 
+/// Makes the tables of version 2 those of the present version, with all that is in them. The connection must not look after
+/// references meanwhile.
+void replaceVersion2(SQLite::Database& database);
+
 /// Adds the currencies that the program has come to know since the file was written.
 void addCurrencies(SQLite::Database& database);
 
 /// Checks that \a database has exactly the tables of \a version, that every page and every row obeys their rules, and that
-/// its amounts are counted as the program counts them.
+/// its amounts are counted as the program counts them. Of the present version's postings, it checks pages and types alone:
+/// PostingsTally checks the rest, with its indexes, where it reads them anyway.
 /// \return whether it has every currency that the program knows, so that addCurrencies() has nothing to do
 /// \throws UnsoundBudget otherwise
-bool check(SQLite::Database const& database, unsigned int version);
+bool check(SQLite::Database& database, unsigned int version);
 }

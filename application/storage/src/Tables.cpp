@@ -60,10 +60,10 @@ char const itemsOfVersion1[] = R"sql(CREATE TABLE items (
 ) STRICT;
 )sql";
 
-// A posting refers to its accounts together with their currency, so that the three can't differ. The indexes hold all
-// that the sum of an account takes, so that sums never read the rows. Days move by none, which carries a 30 February over
-// into March. Words are compared one by one: of a longer list, the database makes a table for each row that it checks.
-char const booksAndItems[] = R"sql(CREATE TABLE accounts (
+/// \param purposes a condition that tells the words for purposes
+std::string accountsWith(char const* purposes)
+{
+    return std::string(R"sql(CREATE TABLE accounts (
     id INTEGER NOT NULL PRIMARY KEY,
     number INTEGER NOT NULL UNIQUE CHECK (number BETWEEN 1 AND 4294967295),
     name TEXT NOT NULL CHECK (length(name) > 0),
@@ -73,12 +73,30 @@ char const booksAndItems[] = R"sql(CREATE TABLE accounts (
         type = 'suspense'),
     currency TEXT NOT NULL REFERENCES currencies (code),
     is_closed INTEGER NOT NULL CHECK (is_closed IN (0, 1)),
-    purpose TEXT NOT NULL CHECK (purpose IN ('household', 'opening balances')),
+    purpose TEXT NOT NULL CHECK ()sql") +
+           purposes +
+           R"sql(),
     UNIQUE (id, currency),
     CHECK (purpose = 'household' OR type = 'equity')
 ) STRICT;
 CREATE INDEX accounts_parent ON accounts (parent) WHERE parent IS NOT NULL;
-CREATE TABLE banks (
+)sql";
+}
+
+std::string accountsOfVersion2()
+{
+    return accountsWith("purpose IN ('household', 'opening balances')");
+}
+
+// Words are compared one by one: of a longer list, the database makes a table for each row that it checks.
+std::string accounts()
+{
+    return accountsWith("purpose = 'household' OR purpose = 'opening balances' OR purpose = 'exchange'");
+}
+
+// A posting refers to its accounts together with their currency, so that the three can't differ. Days move by none,
+// which carries a 30 February over into March.
+char const sinceVersion2[] = R"sql(CREATE TABLE banks (
     id INTEGER NOT NULL PRIMARY KEY,
     name TEXT NOT NULL CHECK (length(name) > 0),
     name_key TEXT NOT NULL UNIQUE CHECK (length(name_key) > 0),
@@ -106,8 +124,6 @@ CREATE TABLE postings (
     FOREIGN KEY (debiting, currency) REFERENCES accounts (id, currency),
     FOREIGN KEY (crediting, currency) REFERENCES accounts (id, currency)
 ) STRICT;
-CREATE INDEX postings_debiting ON postings (debiting, currency, amount);
-CREATE INDEX postings_crediting ON postings (crediting, currency, amount);
 CREATE INDEX postings_made_from ON postings (made_from) WHERE made_from IS NOT NULL;
 CREATE TABLE items (
     id INTEGER NOT NULL PRIMARY KEY,
@@ -140,9 +156,19 @@ CREATE TABLE items (
 ) STRICT;
 )sql";
 
+char const indexesOfVersion2[] = R"sql(CREATE INDEX postings_debiting ON postings (debiting, currency, amount);
+CREATE INDEX postings_crediting ON postings (crediting, currency, amount);
+)sql";
+
+// They have the latest postings of an account at their end, so that a long ledger isn't read whole. Their rows are small:
+// every save writes them all.
+char const indexes[] = R"sql(CREATE INDEX postings_debiting ON postings (debiting, occurred_on);
+CREATE INDEX postings_crediting ON postings (crediting, occurred_on);
+)sql";
+
 // Indexes that the database makes for UNIQUE, and its table for the last number of AUTOINCREMENT.
 constexpr std::array<std::string_view, 1> madeBesideVersion1{"index sqlite_autoindex_items_1 items "};
-constexpr std::array<std::string_view, 6> madeBesideVersion2{
+constexpr std::array<std::string_view, 6> madeBeside{
     "index sqlite_autoindex_accounts_1 accounts ",
     "index sqlite_autoindex_accounts_2 accounts ",
     "index sqlite_autoindex_banks_1 banks ",
@@ -150,9 +176,9 @@ constexpr std::array<std::string_view, 6> madeBesideVersion2{
     "index sqlite_autoindex_items_2 items ",
     "table sqlite_sequence sqlite_sequence CREATE TABLE sqlite_sequence(name,seq)"};
 
-std::span<std::string_view const> madeBeside(unsigned int version)
+std::span<std::string_view const> madeBesideOf(unsigned int version)
 {
-    return version == 1 ? std::span<std::string_view const>(madeBesideVersion1) : madeBesideVersion2;
+    return version == 1 ? std::span<std::string_view const>(madeBesideVersion1) : madeBeside;
 }
 
 /// \return the first word of \a text, which is cut off there with the blank that follows
@@ -183,13 +209,20 @@ std::string listed(std::string_view statement)
 
 std::string ofVersion(unsigned int version)
 {
-    return std::string(inEveryVersion) + (version == 1 ? itemsOfVersion1 : booksAndItems);
+    switch (version) {
+    case 1:
+        return std::string(inEveryVersion) + itemsOfVersion1;
+    case 2:
+        return inEveryVersion + accountsOfVersion2() + sinceVersion2 + indexesOfVersion2;
+    default:
+        return inEveryVersion + newSinceVersion1();
+    }
 }
 
 std::vector<std::string> listOf(unsigned int version)
 {
     constexpr std::string_view end = ";\n";
-    auto const beside = madeBeside(version);
+    auto const beside = madeBesideOf(version);
     std::vector<std::string> list(beside.begin(), beside.end());
     auto const words = ofVersion(version);
     for (std::string_view rest = words; !rest.empty();) {
@@ -201,8 +234,16 @@ std::vector<std::string> listOf(unsigned int version)
     return list;
 }
 
-std::string newInVersion2()
+std::string newSinceVersion1()
 {
-    return booksAndItems;
+    return accounts() + sinceVersion2 + indexes;
+}
+
+std::string replacingVersion2()
+{
+    return std::string("CREATE TEMP TABLE kept AS SELECT * FROM accounts;\nDROP TABLE accounts;\n") + accounts() +
+           "INSERT INTO accounts SELECT * FROM kept;\nDROP TABLE kept;\n"
+           "DROP INDEX postings_debiting;\nDROP INDEX postings_crediting;\n" +
+           indexes;
 }
 }

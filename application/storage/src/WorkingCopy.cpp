@@ -1,10 +1,10 @@
 #include "WorkingCopy.h"
 
-#include "BooksReader.h"
 #include "Connection.h"
 #include "ContentDigest.h"
 #include "ContentReader.h"
 #include "Migration.h"
+#include "PostingsTally.h"
 #include "Schema.h"
 
 #include <QDebug>
@@ -12,6 +12,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <exception>
+#include <system_error>
 #include <utility>
 
 using tallymere::engine::Posting;
@@ -27,11 +28,42 @@ void checkHeader(DurableFile const& file)
     schema::checkHeader(file.read(0, schema::headerSize), file.status().st_size);
 }
 
+/// Has \a folder remember that the journal of a change has gone, with which a power cut could otherwise undo the change. The
+/// change stands all the same, so that a fault is no reason to refuse it: most that come once don't come again.
+void syncOrLog(QByteArray const& folder)
+{
+    for (auto const isLast : {false, true}) {
+        try {
+            filesystem::syncFolder(folder);
+            return;
+        } catch (std::system_error const& failure) {
+            if (isLast) {
+                qWarning() << "Failed to make a change outlast a power cut:" << failure.what();
+            }
+        }
+    }
+}
+
 struct Checked
 {
     engine::BudgetContent content;
+    std::optional<PostingsDigest> postings; ///< none of version 1, which has none
     bool hasAllCurrencies = false;
 };
+
+void readInto(Checked& checked, SQLite::Database const& database, unsigned int version)
+{
+    if (version == 1) {
+        checked.content = readContentOfVersion1(database);
+        return;
+    }
+    PostingsTally const postings(database);
+    if (version == schema::presentVersion) {
+        postings.requireIndexed();
+    }
+    checked.content = readContent(database, postings);
+    checked.postings = postings.digest();
+}
 
 /// Checks all that makes a budget of \a version sound, changing nothing.
 Checked check(SQLite::Database& database, unsigned int version)
@@ -41,7 +73,7 @@ Checked check(SQLite::Database& database, unsigned int version)
     {
         SQLite::Transaction const once(database); // else each query looks for others' changes first
         checked.hasAllCurrencies = schema::check(database, version);
-        checked.content = version == schema::presentVersion ? readContent(database) : readContentOfVersion1(database);
+        readInto(checked, database, version);
     }
     database.exec("PRAGMA query_only = OFF");
     return checked;
@@ -60,6 +92,7 @@ std::unique_ptr<WorkingCopy> WorkingCopy::ofContent(QByteArray const& folder, en
         ContentWriter(*copy->database_).write(content, postings);
     });
     copy->writer_.emplace(*copy->database_);
+    copy->reader_.emplace(*copy->database_);
     return copy;
 }
 
@@ -90,6 +123,7 @@ WorkingCopy::WorkingCopy(WorkingFiles files) : files_(std::move(files)) {}
 
 WorkingCopy::~WorkingCopy()
 {
+    reader_.reset();
     writer_.reset();
     database_.reset();
     if (isKept_) {
@@ -112,20 +146,28 @@ void WorkingCopy::prepare()
     auto const version = schema::versionOf(*database_);
     auto checked = check(*database_, version);
     content_ = std::move(checked.content);
+    postingsDigest_ = std::move(checked.postings);
     connection::makeDurable(*database_);
     if (version != schema::presentVersion) {
-        migrate();
+        migrate(version);
     }
     if (!checked.hasAllCurrencies) {
         connection::transact(*database_, [this] { schema::addCurrencies(*database_); });
     }
     writer_.emplace(*database_);
+    reader_.emplace(*database_);
 }
 
-void WorkingCopy::migrate()
+void WorkingCopy::migrate(unsigned int version)
 {
-    auto const before = digestOfVersion1(*database_);
-    connection::transact(*database_, [this] { content_ = migrateVersion1(*database_, *content_); });
+    auto const before = !files_.isComplete() ? QByteArray()
+                        : version == 1       ? digestOfVersion1(*database_)
+                                             : digestOfVersion2(*database_);
+    if (version == 1) {
+        connection::transact(*database_, [this] { content_ = migrateVersion1(*database_, *content_); });
+    } else {
+        connection::transactFreely(*database_, [this] { schema::replaceVersion2(*database_); });
+    }
     if (files_.isComplete()) {
         keepOrigin(before);
     }
@@ -141,25 +183,52 @@ void WorkingCopy::keepOrigin(QByteArray const& digestBefore)
 
 engine::BudgetContent WorkingCopy::content() const
 {
-    auto content = content_ ? std::move(*content_) : readContent(*database_);
+    auto content = content_ ? std::move(*content_) : readContent(*database_, PostingsTally(*database_));
     content_.reset();
     return content;
 }
 
-std::map<PostingId, Posting> WorkingCopy::postingsOf(AccountNumber const& number) const
+std::optional<Posting> WorkingCopy::posting(PostingId const& id) const
 {
-    return readPostings(*database_, number);
+    return reader_->posting(id);
 }
 
-QByteArray const& WorkingCopy::digest() const
+std::map<PostingId, Posting> WorkingCopy::latestPostingsOf(AccountNumber const& number, std::size_t most) const
+{
+    return reader_->latest(number, most);
+}
+
+QByteArray const& WorkingCopy::planDigest() const
+{
+    if (!planDigest_) {
+        planDigest_ = digestOfPlan(*database_);
+    }
+    return *planDigest_;
+}
+
+PostingsDigest const& WorkingCopy::postingsDigest() const
 {
     if (!postingsDigest_) {
-        postingsDigest_ = digestOfPostings(*database_);
+        postingsDigest_ = PostingsTally(*database_).digest();
     }
-    if (!digest_) {
-        digest_ = digestOf(*database_, *postingsDigest_);
-    }
-    return *digest_;
+    return *postingsDigest_;
+}
+
+QByteArray WorkingCopy::digest() const
+{
+    return digestOf(planDigest(), postingsDigest());
+}
+
+// An account with another number tells that before all of its postings are read again.
+bool WorkingCopy::hasDigest(QByteArray const& digest) const
+{
+    return digest.startsWith(planDigest()) && digest == this->digest();
+}
+
+ContentWriter& WorkingCopy::writer()
+{
+    planDigest_.reset();
+    return *writer_;
 }
 
 void WorkingCopy::write(Origin const& origin)
@@ -197,20 +266,21 @@ void WorkingCopy::commit()
 {
     database_->exec("COMMIT");
     isInTransaction_ = false;
-    digest_.reset();
-    auto const change = writer_->books().takePostingsChange();
-    if (change.haveOtherAccounts) {
+    syncOrLog(filesystem::folderOf(files_.database()));
+    auto const change = writer_->postings().takeChange();
+    if (writer_->books().takeRenumbering()) {
         postingsDigest_.reset();
     } else if (postingsDigest_) {
-        postingsDigest_->add(change.digest);
+        postingsDigest_->add(change);
     }
 }
 
 void WorkingCopy::rollBack() noexcept
 {
     isInTransaction_ = false;
-    digest_.reset();
-    writer_->books().takePostingsChange();
+    planDigest_.reset();
+    writer_->postings().takeChange();
+    writer_->books().takeRenumbering();
     database_->tryExec("ROLLBACK"); // fails where the database has rolled back by itself already
 }
 
@@ -225,7 +295,7 @@ QByteArray digestOfSound(QByteArray const& path)
 {
     checkHeader(DurableFile::open(path));
     auto database = connection::open(path, connection::Access::Read);
-    check(database, schema::presentVersion);
-    return digestOf(database, digestOfPostings(database));
+    auto const checked = check(database, schema::presentVersion);
+    return digestOf(digestOfPlan(database), *checked.postings);
 }
 }

@@ -2,6 +2,7 @@
 
 #include "ContentWriter.h"
 #include "DurableFile.h"
+#include "PostingsReader.h"
 #include "WorkingFiles.h"
 
 #include <SQLiteCpp/Database.h>
@@ -45,10 +46,16 @@ public:
     void write(Origin const& origin);
 
     engine::BudgetContent content() const;
-    std::map<engine::PostingId, engine::Posting> postingsOf(tlm::accounting::AccountNumber const& number) const;
+    std::optional<engine::Posting> posting(engine::PostingId const& id) const;
+    std::map<engine::PostingId, engine::Posting> latestPostingsOf(tlm::accounting::AccountNumber const& number,
+                                                                  std::size_t most) const;
 
     /// \return a digest of the content, at no cost while it stays the same
-    QByteArray const& digest() const;
+    QByteArray digest() const;
+
+    /// Compares no more than it takes to tell.
+    /// \return whether \a digest is that of the content
+    bool hasDigest(QByteArray const& digest) const;
 
     bool isInTransaction() const { return isInTransaction_; }
 
@@ -58,8 +65,10 @@ public:
     /// Undoes the changes since begin(), as far as a failure hasn't done so already.
     void rollBack() noexcept;
 
-    /// Only within a transaction.
-    ContentWriter& writer() { return *writer_; }
+    /// Only within a transaction. Writes anything.
+    ContentWriter& writer();
+    /// Only within a transaction. Leaves all but the postings as it is.
+    PostingsWriter& postingsWriter() { return writer_->postings(); }
 
     /// Writes all of the content into the empty file at \a path, which isn't synced then.
     void copyTo(QByteArray const& path) const;
@@ -70,8 +79,10 @@ private:
     void open();
     void makeLasting();
     void prepare();
-    void migrate();
+    void migrate(unsigned int version);
     void keepOrigin(QByteArray const& digestBefore);
+    QByteArray const& planDigest() const;
+    PostingsDigest const& postingsDigest() const;
 
     WorkingFiles files_;
     bool isKept_ = false;
@@ -81,7 +92,8 @@ private:
     std::optional<ContentWriter> writer_;
     bool isInTransaction_ = false;
     mutable std::optional<engine::BudgetContent> content_; ///< as it was checked, until it is asked for or changes
-    mutable std::optional<QByteArray> digest_;
+    mutable std::optional<PostingsReader> reader_;
+    mutable std::optional<QByteArray> planDigest_;
     mutable std::optional<PostingsDigest> postingsDigest_; ///< of the postings before the present transaction
 };
 

@@ -48,7 +48,7 @@ TEST_F(SampleFileTest, WhatWasSavedInTheSampleOfTheDayStays)
     {
         auto const document = storage::Document::open(places, path);
         engine::Household household(document->content(), *document);
-        household.remove(household.content().items.begin()->first);
+        household.remove({tlm::budgeting::BudgetItemTypes::Bill, tlm::budgeting::BudgetSource("Passports")});
         document->save();
     }
 

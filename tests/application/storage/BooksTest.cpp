@@ -158,6 +158,28 @@ TEST_F(BooksTest, AnAccountWithoutTiesIsAddedAndRemoved)
     EXPECT_FALSE(document->isDirty());
 }
 
+TEST_F(BooksTest, AnExchangeAccountIsKeptForItsPurpose)
+{
+    auto exchange = account(3100, "Exchange (EUR)", AccountTypes::Equity);
+    exchange.purpose = engine::AccountPurposes::Exchange;
+
+    change([&] { document->add(exchange); });
+
+    EXPECT_EQ(books().accounts.at(AccountNumber(3100)), exchange);
+    document->saveAs(at("home.budget"));
+    EXPECT_EQ(contentOf(at("home.budget")), document->content());
+}
+
+TEST_F(BooksTest, AnExchangeAccountOfAnotherTypeIsRefused)
+{
+    auto exchange = account(3100, "Exchange (EUR)", AccountTypes::Asset);
+    exchange.purpose = engine::AccountPurposes::Exchange;
+
+    EXPECT_NE(refusalOf([&] { change([&] { document->add(exchange); }); }), QString());
+
+    EXPECT_FALSE(document->isDirty());
+}
+
 TEST_F(BooksTest, ABankChangesWithItsListOfAccounts)
 {
     Bank const changed(BankName("SPARKASSE «SÜD» "), {{yen, BankAccountTypes::Goal}}, true);

@@ -345,7 +345,7 @@ TEST_F(DocumentTest, TheFileTellsWhatItIs)
     };
 
     EXPECT_EQ(number("PRAGMA application_id"), 0x544C4D42);
-    EXPECT_EQ(number("PRAGMA user_version"), 2);
+    EXPECT_EQ(number("PRAGMA user_version"), 3);
     EXPECT_EQ(number("SELECT sum(amount) FROM items JOIN currencies ON code = currency WHERE source = 'Rent'"),
               10'000'000);
     EXPECT_EQ(number("SELECT unit FROM currencies WHERE code = 'KWD'"), 100'000);

@@ -1,10 +1,6 @@
-#include "StorageTest.h"
+#include "MigrationTest.h"
 
 #include <engine/OpenBooks.h>
-
-#include <QDir>
-
-#include <SQLiteCpp/Database.h>
 
 namespace tallymere::storage {
 
@@ -17,11 +13,12 @@ using tlm::budgeting::BudgetItemIdentifier;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::budgeting::BudgetSource;
 
-/// Files of every version that people keep must open for good. Those in the data folder were saved by the releases.
-class MigrationTest : public StorageTest
+class MigrationTest : public ReleaseTest
 {
 protected:
-    MigrationTest() { EXPECT_TRUE(QFile::copy(RELEASED_BUDGETS "/released-1.budget", file)); }
+    MigrationTest()
+        : ReleaseTest("released-1.budget", "9a3e39244e635a7a4a56d66893a6c41e20030e277d24afe97712c09978117120")
+    {}
 
     static engine::BudgetContent migrated()
     {
@@ -29,26 +26,6 @@ protected:
         engine::openBooks(content);
         return content;
     }
-
-    int versionOf(QString const& filePathName) const
-    {
-        return SQLite::Database(filePathName.toStdString()).execAndGet("PRAGMA user_version").getInt();
-    }
-
-    /// Leaves a copy of \a database behind, as the first release does when it crashes.
-    /// \param filePathName of the file that it had open, empty for none
-    void leaveBehind(QString const& database, QString const& filePathName) const
-    {
-        ASSERT_TRUE(QDir().mkpath(places.workingCopies));
-        ASSERT_TRUE(QFile::copy(database, workingCopy));
-        writeBytes(places.workingCopies + "/0123.origin",
-                   QStringLiteral(R"({"content":"%1","file":"%2"})").arg(digest, filePathName).toUtf8());
-    }
-
-    QString const workingCopy = places.workingCopies + "/0123.budget";
-    QString const digest =
-        "9a3e39244e635a7a4a56d66893a6c41e20030e277d24afe97712c09978117120"; ///< that the first release took of its file
-    QString const file = at("released-1.budget");
 };
 
 TEST_F(MigrationTest, AFileOfTheFirstReleaseOpensWithBooks)
@@ -89,11 +66,9 @@ TEST_F(MigrationTest, SavesAsThePresentVersionAndKeepsTheOldFileAmongTheBackups)
         document->save();
         EXPECT_FALSE(document->isDirty());
     }
-    QDir const backups(places.backups);
-    auto const kept = backups.filePath(backups.entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0));
 
-    EXPECT_EQ(versionOf(file), 2);
-    EXPECT_EQ(bytesOf(kept + "/1.budget"), before);
+    EXPECT_EQ(versionOf(file), 3);
+    EXPECT_EQ(firstBackup(), before);
     auto const again = Document::open(places, file);
     EXPECT_EQ(again->content().items.size(), planOnly().items.size() + 1);
     EXPECT_FALSE(again->isDirty());
@@ -103,7 +78,7 @@ TEST_F(MigrationTest, AnUnchangedFileIsSavedAsThePresentVersionToo)
 {
     Document::open(places, file)->save();
 
-    EXPECT_EQ(versionOf(file), 2);
+    EXPECT_EQ(versionOf(file), 3);
     EXPECT_EQ(contentOf(file), migrated());
 }
 
@@ -160,7 +135,7 @@ TEST_F(MigrationTest, UnsavedWorkOfTheFirstReleaseIsRecovered)
     EXPECT_TRUE(document->isDirty());
     document->save();
     EXPECT_EQ(contentOf(file), document->content());
-    EXPECT_EQ(versionOf(file), 2);
+    EXPECT_EQ(versionOf(file), 3);
 }
 
 TEST_F(MigrationTest, AWorkingCopyOfTheFirstReleaseThatHoldsNothingNewIsTidiedAway)

@@ -37,7 +37,7 @@ TEST_F(RefusalTest, WhatIsNoBudgetIsRefused)
 
 TEST_F(RefusalTest, ANewerBudgetIsRefusedAndSaysToUpdate)
 {
-    EXPECT_THAT(refusedAfter("PRAGMA user_version = 3"), HasSubstr("Update Tallymere"));
+    EXPECT_THAT(refusedAfter("PRAGMA user_version = 4"), HasSubstr("Update Tallymere"));
 }
 
 TEST_F(RefusalTest, ADamagedBudgetTellsWhereItsLastSavesAre)

@@ -1,245 +1,151 @@
+#include "SomeBudget.h"
 #include "StorageTest.h"
 
-#include <engine/NewBudget.h>
-
-#include <array>
+#include <algorithm>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <map>
+#include <optional>
 #include <rapidcheck/gtest.h>
+#include <vector>
 
 namespace tallymere::storage {
 
 using namespace testing;
-using fiscora::Currency;
-using fiscora::Money;
-using tallymere::engine::BookAccount;
-using tallymere::engine::Books;
-using tallymere::engine::BudgetContent;
 using tallymere::engine::NewBudget;
-using tallymere::engine::PlannedItem;
 using tallymere::engine::Posting;
+using tallymere::engine::PostingId;
 using tlm::accounting::AccountCode;
 using tlm::accounting::AccountNumber;
-using tlm::accounting::AccountTypes;
 using tlm::banking::Bank;
-using tlm::banking::BankAccountTypes;
-using tlm::banking::BankName;
-using tlm::budgeting::BudgetItemTypes;
-using tlm::budgeting::BudgetSource;
-using tlm::budgeting::EventFrequency;
-using tlm::foundation::Percentage;
 
 namespace {
 
-template <typename Value>
-Value oneOf(std::set<Value> const& values)
+/// What follows when an account gets another number.
+struct Renumbering
 {
-    auto const place = *rc::gen::inRange<std::size_t>(0, values.size());
-    return *std::next(values.begin(), static_cast<std::ptrdiff_t>(place));
-}
+    AccountNumber from;
+    AccountNumber to;
 
-std::set<Currency> someCurrencies()
-{
-    std::set<Currency> chosen;
-    auto const count = *rc::gen::inRange(1, 8);
-    while (chosen.size() < static_cast<std::size_t>(count)) {
-        auto const code = fiscora::allCurrencies.at(*rc::gen::inRange<std::size_t>(0, fiscora::allCurrencies.size()));
-        if (code != Currency::XXX) {
-            chosen.insert(code);
+    AccountNumber of(AccountNumber const& number) const { return number == from ? to : number; }
+
+    std::optional<AccountNumber> of(std::optional<AccountNumber> const& number) const
+    {
+        return number ? std::optional(of(*number)) : std::nullopt;
+    }
+
+    void in(Posting& posting) const
+    {
+        posting.debiting = of(posting.debiting);
+        posting.crediting = of(posting.crediting);
+        posting.madeFrom = of(posting.madeFrom);
+    }
+
+    void in(engine::BudgetContent& content) const
+    {
+        auto moved = content.books.accounts.extract(from);
+        moved.key() = to;
+        content.books.accounts.insert(std::move(moved));
+        for (auto& [number, account] : content.books.accounts) {
+            account.code = AccountCode(number, account.code.name(), of(account.code.parent()));
+        }
+        for (auto& entry : content.items) {
+            entry.second.account = of(entry.second.account);
+        }
+        for (auto& entry : content.books.banks) {
+            in(entry.second);
         }
     }
-    return chosen;
-}
 
-Percentage somePercentage()
-{
-    return {*rc::gen::inRange(0, 1'000'001) / 10'000.0, *rc::gen::arbitrary<unsigned char>()};
-}
-
-Money someMoney(Currency code)
-{
-    return Money::fromAmount(code, *rc::gen::inRange(1LL, std::numeric_limits<long long>::max()));
-}
-
-/// Names of all planes, so that folding, composing and storing meet what people write.
-QString someName(int number)
-{
-    QString name;
-    for (auto const character : *rc::gen::container<std::vector<char32_t>>(rc::gen::inRange<char32_t>(0x21, 0x2FFFF))) {
-        if (character < 0xD800 || character > 0xDFFF) {
-            name += QString::fromUcs4(&character, 1);
+    void in(Bank& bank) const
+    {
+        auto accounts = bank.accounts();
+        if (auto moved = accounts.extract(from)) {
+            moved.key() = to;
+            accounts.insert(std::move(moved));
         }
+        bank = Bank(bank.name, accounts, bank.isClosed());
     }
-    return name.normalized(QString::NormalizationForm_C) + QString::number(number);
-}
-
-/// An account's name holds no control characters, no breaks of lines, and not the blank of a code's separator.
-QString someAccountName()
-{
-    auto name = someName(*rc::gen::inRange(0, 10));
-    name.removeIf([](QChar character) {
-        auto const category = character.category();
-        return category == QChar::Other_Control || category == QChar::Separator_Line ||
-               category == QChar::Separator_Paragraph || character == QChar(0x2002);
-    });
-    return name;
-}
-
-PlannedItem someItem(int number, std::set<Currency> const& usable)
-{
-    auto const code = oneOf(usable);
-    auto const anchor = QDate(1, 1, 1).addDays(*rc::gen::inRange(0, 3'600'000));
-    PlannedItem item{
-        .identifier = {static_cast<BudgetItemTypes>(*rc::gen::inRange(1, 6)), BudgetSource(someName(number))},
-        .amount = someMoney(code),
-        .period = static_cast<EventFrequency>(*rc::gen::inRange(0, 22)),
-        .anchoredOn = anchor,
-        .nextOccurOn = anchor.addDays(*rc::gen::inRange(0, 10'000)),
-        .account = {},
-        .debt = {},
-        .goalTotal = {}};
-    if (item.identifier.type == BudgetItemTypes::Debt) {
-        item.debt = engine::DebtTerms{.borrowed = someMoney(code), .interest = somePercentage()};
-    }
-    if (item.identifier.type == BudgetItemTypes::Goal) {
-        item.goalTotal = someMoney(code);
-    }
-    return item;
-}
-
-tlm::conversion::ConversionMap someRates(std::set<Currency> const& usable)
-{
-    using Rates = tlm::conversion::ConversionMap;
-    Rates rates;
-    for (auto count = *rc::gen::inRange(0, 10); count > 0; --count) {
-        auto const rate = std::exp(*rc::gen::inRange(-600'000, 600'000) / 1000.0);
-        rates.updateConversion(oneOf(usable), oneOf(usable), fiscora::FloatingPoint(rate),
-                               {*rc::gen::arbitrary<bool>()});
-    }
-    rates.setLastFetched(Rates::TimePoint(Rates::TimePoint::duration(*rc::gen::arbitrary<long long>())));
-    return rates;
-}
-
-std::vector<AccountNumber> someNumbers(int count)
-{
-    std::set<AccountNumber> numbers;
-    while (numbers.size() < static_cast<std::size_t>(count)) {
-        numbers.emplace(*rc::gen::inRange(1U, std::numeric_limits<unsigned int>::max()));
-    }
-    return {numbers.begin(), numbers.end()};
-}
-
-/// \return accounts of which some are part of another one, be its number greater or less, but never in a circle
-std::map<AccountNumber, BookAccount> someAccounts(int count, std::set<Currency> const& usable)
-{
-    std::map<AccountNumber, BookAccount> accounts;
-    std::vector<AccountNumber> made;
-    for (auto numbers = someNumbers(count); !numbers.empty();) {
-        auto const chosen = numbers.begin() + *rc::gen::inRange<std::ptrdiff_t>(0, std::ssize(numbers));
-        auto const number = *chosen;
-        numbers.erase(chosen);
-        auto const place = *rc::gen::inRange<std::size_t>(0, 2 * made.size() + 1);
-        auto const parent = place < made.size() ? std::optional(made[place]) : std::nullopt;
-        auto const type = static_cast<AccountTypes>(*rc::gen::inRange(0, 6));
-        accounts[number] = {.code = AccountCode(number, someAccountName(), parent),
-                            .type = type,
-                            .currency = oneOf(usable),
-                            .isClosed = *rc::gen::arbitrary<bool>(),
-                            .purpose = type == AccountTypes::Equity ? engine::AccountPurposes::OpeningBalances
-                                                                    : engine::AccountPurposes::Household};
-        made.push_back(number);
-    }
-    return accounts;
-}
-
-tlm::banking::BankMap someBanks(std::map<AccountNumber, BookAccount> const& accounts)
-{
-    std::vector<std::map<AccountNumber, BankAccountTypes>> kept(*rc::gen::inRange<std::size_t>(1, 5));
-    for (auto const& entry : accounts) {
-        if (*rc::gen::arbitrary<bool>()) {
-            kept[*rc::gen::inRange<std::size_t>(0, kept.size())].emplace(
-                entry.first, static_cast<BankAccountTypes>(*rc::gen::inRange(0, 6)));
-        }
-    }
-    tlm::banking::BankMap banks;
-    for (auto number = 0U; number < kept.size(); ++number) {
-        BankName const name(someName(static_cast<int>(number)));
-        banks.emplace(name, Bank(name, kept[number], *rc::gen::arbitrary<bool>()));
-    }
-    return banks;
-}
-
-/// Posts between accounts of the same currency, as long as the sums can be counted.
-void postSome(NewBudget& budget)
-{
-    auto const& accounts = budget.content.books.accounts;
-    for (auto left = *rc::gen::inRange(0, 50); left > 0 && !accounts.empty(); --left) {
-        auto const pick = [&accounts] {
-            return *std::next(accounts.begin(),
-                              *rc::gen::inRange<std::ptrdiff_t>(0, static_cast<std::ptrdiff_t>(accounts.size())));
-        };
-        auto const [debiting, debited] = pick();
-        auto const [crediting, credited] = pick();
-        if (debiting == crediting || debited.currency != credited.currency) {
-            continue;
-        }
-        Posting const posting{
-            .occurredOn = QDate(1, 1, 1).addDays(*rc::gen::inRange(0, 3'600'000)),
-            .debiting = debiting,
-            .crediting = crediting,
-            .amount = Money::fromAmount(debited.currency, *rc::gen::inRange(1LL, 100'000'000'000'000'000LL)),
-            .description = someName(left),
-            .status = static_cast<tlm::accounting::TransactionStatuses>(*rc::gen::inRange(0, 3)),
-            .madeFrom = *rc::gen::arbitrary<bool>() ? std::optional(pick().first) : std::nullopt};
-        count(budget.content, {posting});
-        budget.postings.push_back(posting);
-    }
-}
-
-NewBudget someBudget()
-{
-    NewBudget budget;
-    auto& content = budget.content;
-    content.settings = {
-        .preferred = {},
-        .usable = someCurrencies(),
-        .displayAs = static_cast<tlm::navigation::CurrencyDisplayOptions>(*rc::gen::inRange(0, 3)),
-        .balanceWindow = somePercentage(),
-        .dueWithin = std::chrono::days(*rc::gen::inRange(0, 61)),
-        .workingWeek = {std::chrono::hours(*rc::gen::inRange(1, 169)), std::chrono::days(*rc::gen::inRange(1, 8))}};
-    content.settings.preferred = oneOf(content.settings.usable);
-    content.rates = someRates(content.settings.usable);
-    auto const itemCount = *rc::gen::inRange(0, 20);
-    content.books.accounts = someAccounts(itemCount + *rc::gen::inRange(0, 10), content.settings.usable);
-    content.books.banks = someBanks(content.books.accounts);
-    auto account = content.books.accounts.begin();
-    for (auto number = 0; number < itemCount; ++number, ++account) {
-        auto item = someItem(number, content.settings.usable);
-        item.account = account->first;
-        content.items.emplace(item.identifier, item);
-    }
-    postSome(budget);
-    return budget;
-}
+};
 }
 
 class RoundTripTest : public StorageTest
 {
 protected:
-    static std::vector<Posting> postingsOf(Document const& document, AccountNumber number)
+    using Posted = std::map<PostingId, Posting>;
+
+    /// \return \a postings as a new document counts them
+    static Posted counted(std::vector<Posting> const& postings)
     {
-        std::vector<Posting> found;
-        for (auto const& entry : document.postingsOf(number)) {
-            found.push_back(entry.second);
+        Posted all;
+        for (auto const& posting : postings) {
+            all.emplace(PostingId{static_cast<std::int64_t>(all.size()) + 1}, posting);
         }
+        return all;
+    }
+
+    static Posted postingsOf(Posted const& all, AccountNumber number)
+    {
+        Posted found;
+        std::ranges::copy_if(all, std::inserter(found, found.end()), [number](auto const& posted) {
+            return posted.second.debiting == number || posted.second.crediting == number;
+        });
         return found;
     }
 
-    static std::vector<Posting> postingsOf(NewBudget const& budget, AccountNumber number)
+    /// \return the \a most last of \a postings, by day and identifier
+    static Posted latest(Posted const& postings, std::size_t most)
     {
-        std::vector<Posting> found;
-        std::ranges::copy_if(budget.postings, std::back_inserter(found), [number](Posting const& posting) {
-            return posting.debiting == number || posting.crediting == number;
-        });
-        return found;
+        std::vector<std::pair<PostingId, Posting>> ordered(postings.begin(), postings.end());
+        std::ranges::stable_sort(ordered, std::greater(),
+                                 [](auto const& posted) { return std::pair(posted.second.occurredOn, posted.first); });
+        ordered.resize(std::min(most, ordered.size()));
+        return {ordered.begin(), ordered.end()};
+    }
+
+    /// \return whether both tell of the same, be it under other identifiers
+    static bool areAlike(Posted const& one, Posted const& other)
+    {
+        return std::ranges::is_permutation(one, other, {}, &Posted::value_type::second, &Posted::value_type::second);
+    }
+
+    static void requireEqual(Document const& document, engine::BudgetContent const& content, Posted const& posted)
+    {
+        RC_ASSERT(document.content() == content);
+        auto const most = *rc::gen::inRange<std::size_t>(0, 10);
+        for (auto const& entry : content.books.accounts) {
+            auto const expected = postingsOf(posted, entry.first);
+            RC_ASSERT(document.postingsOf(entry.first) == expected);
+            RC_ASSERT(document.latestPostingsOf(entry.first, most) == latest(expected, most));
+        }
+        for (auto const& [id, posting] : posted) {
+            RC_ASSERT(document.posting(id) == posting);
+        }
+    }
+
+    static void recount(engine::BudgetContent& content, Posted const& posted)
+    {
+        content.books.turnovers.clear();
+        for (auto const& entry : posted) {
+            count(content, {entry.second});
+        }
+    }
+
+    /// Posts, changes or removes, in \a document and in \a posted.
+    static void touch(Document& document, Posted& posted, engine::BudgetContent const& content)
+    {
+        auto const chosen = std::next(posted.begin(), *rc::gen::inRange<std::ptrdiff_t>(0, std::ssize(posted) + 1));
+        auto const made = somePosting(content.books.accounts);
+        if (chosen != posted.end() && *rc::gen::arbitrary<bool>()) {
+            document.remove(chosen->first);
+            posted.erase(chosen);
+        } else if (made && chosen != posted.end()) {
+            document.change(chosen->first, *made);
+            chosen->second = *made;
+        } else if (made) {
+            posted.emplace(document.post(*made), *made);
+        }
     }
 };
 
@@ -251,10 +157,86 @@ RC_GTEST_FIXTURE_PROP(RoundTripTest, WhatIsSavedIsOpenedEqual, ())
     Document::create(places, budget.content, budget.postings)->saveAs(path);
     auto const opened = Document::open(places, path);
 
-    RC_ASSERT(opened->content() == budget.content);
     RC_ASSERT(!opened->isDirty());
-    for (auto const& entry : budget.content.books.accounts) {
-        RC_ASSERT(postingsOf(*opened, entry.first) == postingsOf(budget, entry.first));
+    requireEqual(*opened, budget.content, counted(budget.postings));
+}
+
+RC_GTEST_FIXTURE_PROP(RoundTripTest, WhatIsChangedIsSavedAndOpenedEqual, ())
+{
+    auto [content, postings] = someBudget();
+    auto posted = counted(postings);
+    auto const path = at("home.budget");
+    auto document = Document::create(places, content, postings);
+    document->saveAs(path);
+
+    for (auto transactions = *rc::gen::inRange(0, 5); transactions > 0; --transactions) {
+        document->transact([&, &content = content] {
+            for (auto changes = *rc::gen::inRange(0, 5); changes > 0; --changes) {
+                touch(*document, posted, content);
+            }
+        });
     }
+    recount(content, posted);
+    requireEqual(*document, content, posted);
+    RC_ASSERT(document->isDirty() != areAlike(posted, counted(postings)));
+    document->save();
+    document.reset();
+
+    requireEqual(*Document::open(places, path), content, posted);
+}
+
+RC_GTEST_FIXTURE_PROP(RoundTripTest, WhatIsChangedBackCountsAsUnchanged, ())
+{
+    auto const [content, postings] = someBudget();
+    auto const before = counted(postings);
+    auto const document = Document::create(places, content, postings);
+    auto after = before;
+
+    document->transact([&, &content = content] {
+        for (auto const& [id, posting] : before) {
+            if (auto const other = somePosting(content.books.accounts)) {
+                document->change(id, *other);
+                after[id] = *other;
+            }
+        }
+    });
+    RC_ASSERT(document->isDirty() != areAlike(after, before));
+    document->transact([&] {
+        for (auto const& [id, posting] : before) {
+            document->change(id, posting);
+        }
+    });
+
+    RC_ASSERT(!document->isDirty());
+    requireEqual(*document, content, before);
+}
+
+RC_GTEST_FIXTURE_PROP(RoundTripTest, AllThatTellsOfAnAccountFollowsItsNumber, ())
+{
+    auto [content, postings] = someBudget();
+    RC_PRE(!content.books.accounts.empty());
+    auto const chosen = std::next(content.books.accounts.begin(),
+                                  *rc::gen::inRange<std::ptrdiff_t>(0, std::ssize(content.books.accounts)));
+    auto const original = chosen->second;
+    AccountNumber const other(*rc::gen::inRange(1U, std::numeric_limits<unsigned int>::max()));
+    RC_PRE(!content.books.accounts.contains(other));
+    auto document = Document::create(places, content, postings);
+    auto const path = at("home.budget");
+    auto renumbered = original;
+    renumbered.code = AccountCode(other, original.code.name(), original.code.parent());
+
+    document->transact([&] { document->change(original.code.number(), renumbered); });
+
+    RC_ASSERT(document->isDirty());
+    document->saveAs(path);
+    document.reset();
+    document = Document::open(places, path);
+    Renumbering const renumbering{original.code.number(), other};
+    renumbering.in(content);
+    for (auto& posting : postings) {
+        renumbering.in(posting);
+    }
+    recount(content, counted(postings));
+    requireEqual(*document, content, counted(postings));
 }
 }

@@ -1,5 +1,7 @@
 #include "RefusalTest.h"
 
+#include <tuple>
+
 namespace tallymere::storage {
 
 using namespace testing;
@@ -58,6 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET type = 'Asset' WHERE number = 1002",
         "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET purpose = 'slush fund' WHERE number = 1002",
         "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET purpose = 'opening balances' WHERE number = 1002",
+        "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET purpose = 'exchange' WHERE number = 1002",
         "PRAGMA ignore_check_constraints = ON; UPDATE accounts SET is_closed = 2 WHERE number = 1002",
         "UPDATE banks SET name_key = 'elsewhere' WHERE name = 'Gone'",
         "PRAGMA ignore_check_constraints = ON; UPDATE banks SET name = ' ', name_key = '' WHERE name = 'Gone'",
@@ -68,10 +71,65 @@ INSTANTIATE_TEST_SUITE_P(
         "PRAGMA ignore_check_constraints = ON; UPDATE postings SET status = 'Cleared' WHERE amount = 1",
         "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2026-02-29' WHERE amount = 1",
         "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '0000-12-31' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2025-2-03' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2026-02-03 ' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2026-13-01' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '1900-02-29' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2026-04-31' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET occurred_on = '2026/04/30' WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET id = 0 WHERE amount = 1",
+        "PRAGMA ignore_check_constraints = ON; UPDATE postings SET status = '' WHERE amount = 1",
+        "PRAGMA foreign_keys = OFF; UPDATE postings SET crediting = 999 WHERE amount = 1",
         "UPDATE postings SET amount = 9223372036854775807 WHERE currency = 'EUR' AND status <> 'cleared'; "
         "INSERT INTO postings (occurred_on, debiting, crediting, amount, currency, description, status) "
         "SELECT occurred_on, debiting, crediting, amount, currency, description, status FROM postings "
         "WHERE currency = 'EUR' AND status = 'reconciled'"));
+
+namespace {
+
+/// Does \a change while the database doesn't know of the index \a index, which then lists what was there before.
+std::string unlisted(std::string const& index, std::string const& change)
+{
+    return "PRAGMA writable_schema = ON; CREATE TEMP TABLE kept AS SELECT * FROM sqlite_schema WHERE name = '" + index +
+           "'; DELETE FROM sqlite_schema WHERE name = '" + index + "'; PRAGMA writable_schema = RESET; " + change +
+           "; PRAGMA writable_schema = ON; INSERT INTO sqlite_schema SELECT * FROM kept";
+}
+}
+
+class MislistedTest : public RefusalTest, public ::testing::WithParamInterface<std::tuple<char const*, char const*>>
+{};
+
+TEST_P(MislistedTest, PostingsThatAnIndexTellsOtherwiseAreRefused)
+{
+    auto const [index, change] = GetParam();
+
+    EXPECT_THAT(refusedAfter(unlisted(index, change).c_str(), bookkeeping(), postings()), HasSubstr("it is damaged"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sides, MislistedTest,
+    ::testing::Combine(::testing::Values("postings_debiting", "postings_crediting"),
+                       ::testing::Values("UPDATE postings SET occurred_on = '2026-02-04' WHERE amount = 1",
+                                         "UPDATE postings SET debiting = crediting, crediting = debiting WHERE id = 1",
+                                         "UPDATE postings SET id = 77 WHERE id = 1",
+                                         "DELETE FROM postings WHERE id = 2",
+                                         "INSERT INTO postings SELECT 99, occurred_on, debiting, crediting, amount, "
+                                         "currency, description, status, made_from FROM postings WHERE id = 2")));
+INSTANTIATE_TEST_SUITE_P(Origins, MislistedTest,
+                         ::testing::Combine(::testing::Values("postings_made_from"),
+                                            ::testing::Values("UPDATE postings SET made_from = NULL WHERE id = 3",
+                                                              "UPDATE postings SET made_from = 1 WHERE id = 1",
+                                                              "UPDATE postings SET made_from = 1 WHERE id = 3")));
+
+TEST_F(RefusalTest, IndexesInEachOthersPlaceAreRefused)
+{
+    EXPECT_THAT(refusedAfter("PRAGMA writable_schema = ON; UPDATE sqlite_schema SET rootpage = "
+                             "(SELECT sum(rootpage) FROM sqlite_schema WHERE name IN ('postings_debiting', "
+                             "'postings_crediting')) - rootpage "
+                             "WHERE name IN ('postings_debiting', 'postings_crediting')",
+                             bookkeeping(), postings()),
+                HasSubstr("it is damaged"));
+}
 
 class TamperedFirstReleaseTest : public RefusalTest, public ::testing::WithParamInterface<char const*>
 {};

@@ -9,9 +9,11 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tallymere::storage {
@@ -84,9 +86,13 @@ public:
     void change(tlm::banking::BankName const& original, tlm::banking::Bank const& bank) override;
     void remove(tlm::banking::BankName const& name) override;
     engine::PostingId post(engine::Posting const& posting) override;
+    void change(engine::PostingId const& id, engine::Posting const& posting) override;
     void remove(engine::PostingId const& id) override;
+    std::optional<engine::Posting> posting(engine::PostingId const& id) const override;
     std::map<engine::PostingId, engine::Posting>
     postingsOf(tlm::accounting::AccountNumber const& number) const override;
+    std::map<engine::PostingId, engine::Posting> latestPostingsOf(tlm::accounting::AccountNumber const& number,
+                                                                  std::size_t most) const override;
 
 private:
     Document(Places places, std::unique_ptr<BudgetFile> file, std::unique_ptr<WorkingCopy> copy);
@@ -94,8 +100,11 @@ private:
     void moveTo(std::unique_ptr<BudgetFile> file);
     void settle();
     void writeOrigin() const;
+    void requireTransaction() const;
     template <typename Change>
-    auto keep(Change const& change);
+    void keep(Change const& change);
+    template <typename Change>
+    auto keepPosting(Change const& change);
 
     Places places_;
     std::unique_ptr<BudgetFile> file_; ///< none before the first save
