@@ -4,16 +4,29 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace tlm::accounting {
 
 namespace {
 
+bool isDigit(QChar sign)
+{
+    return sign >= QLatin1Char('0') && sign <= QLatin1Char('9');
+}
+
 /// \return what stands in \a text where transactionCaption() has its number, empty when it isn't that caption
 QString filledIn(QString const& text)
 {
-    auto const pattern =
-        QRegularExpression::escape(transactionCaption()).replace(QStringLiteral("\\%1"), QStringLiteral("([0-9]+)"));
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).captured(1);
+    auto const caption = transactionCaption();
+    auto const place = caption.indexOf(QStringLiteral("%1"));
+    auto const before = QStringView(caption).left(place);
+    auto const after = QStringView(caption).mid(place + 2);
+    if (place < 0 || text.size() <= before.size() + after.size() || !text.startsWith(before) || !text.endsWith(after)) {
+        return {};
+    }
+    auto const number = text.mid(before.size(), text.size() - before.size() - after.size());
+    return std::ranges::all_of(number, isDigit) ? number : QString();
 }
 
 /// \return the only digits of \a text, empty when there are none, or several groups of them
