@@ -1,11 +1,9 @@
 #include "tlm/desktop_ui/CurrencyComboBox.h"
 
+#include "internal/ComboBoxes.h"
 #include "internal/Shared.h"
 #include "internal/TextListModel.h"
 #include "tlm/desktop_ui/DataEntryError.h"
-
-#include <QAbstractItemView>
-#include <QScrollBar>
 
 #include <tuple>
 #include <utility>
@@ -100,7 +98,7 @@ QSize CurrencyComboBox::sizeHint() const
 
 void CurrencyComboBox::showPopup()
 {
-    view()->setMinimumWidth(view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width());
+    internal::makeRoomForItems(*this);
     QComboBox::showPopup();
 }
 

@@ -33,6 +33,7 @@ Q_MOC_INCLUDE("tlm/adviser/BudgetHealth.h")
 Q_MOC_INCLUDE("tlm/banking/AccountNumberBankType.h")
 Q_MOC_INCLUDE("tlm/banking/Bank.h")
 Q_MOC_INCLUDE("tlm/banking/BankAccount.h")
+Q_MOC_INCLUDE("tlm/banking/BankMap.h")
 Q_MOC_INCLUDE("tlm/banking/BankName.h")
 Q_MOC_INCLUDE("tlm/banking/ReconciledBalance.h")
 Q_MOC_INCLUDE("tlm/budgeting/BudgetItemAmountDue.h")
@@ -44,6 +45,7 @@ Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoney.h")
 Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoneyMap.h")
 Q_MOC_INCLUDE("tlm/conversion/ConversionMap.h")
 Q_MOC_INCLUDE("tlm/foundation/Percentage.h")
+Q_MOC_INCLUDE("tlm/navigation/BankAccountCode.h")
 Q_MOC_INCLUDE("tlm/navigation/BudgetBankAccount.h")
 Q_MOC_INCLUDE("tlm/navigation/GuiElementIdentifier.h")
 Q_MOC_INCLUDE("tlm/surveying/DistributedAmount.h")
@@ -367,6 +369,33 @@ public slots:
                          std::set<fiscora::Currency> const& usableCurrencies,
                          navigation::CurrencyDisplayOptions displayAs);
     void onShowWages(budgeting::WageMap const& wages, fiscora::Currency preferred,
+                     std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
+    ///@}
+
+    /// \name Books
+    /// Each replaces the central view.
+    /// \param usableCurrencies currencies that amounts may be entered in
+    ///@{
+
+    /// \param accounts the whole chart; a new account is offered when there is none
+    void onShowAccounts(std::set<accounting::Account> const& accounts,
+                        std::set<fiscora::Currency> const& usableCurrencies,
+                        navigation::CurrencyDisplayOptions displayAs);
+    /// Emits selectedLedger() when the person first selects an account.
+    /// \param accounts whose ledgers can be seen, and which transactions may name
+    void onShowLedgers(std::set<accounting::Account> const& accounts,
+                       std::set<fiscora::Currency> const& usableCurrencies,
+                       navigation::CurrencyDisplayOptions displayAs);
+    /// \param fromBanks accounts that money can leave
+    /// \param toBanks accounts that money can enter
+    void onShowMoneyTransfer(std::set<navigation::BankAccountCode> const& fromBanks,
+                             std::set<navigation::BankAccountCode> const& toBanks,
+                             std::set<fiscora::Currency> const& usableCurrencies,
+                             navigation::CurrencyDisplayOptions displayAs);
+    /// \param banks with the accounts that they keep; a new bank is offered when there is none
+    /// \param allAccounts the whole chart
+    /// \throws foundation::Error when \a allAccounts lacks an account of a bank, or the account that one is part of
+    void onShowBanks(banking::BankMap const& banks, std::set<accounting::Account> const& allAccounts,
                      std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
     ///@}
 

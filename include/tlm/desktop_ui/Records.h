@@ -20,6 +20,7 @@ namespace tlm::banking {
 struct AccountNumberBankType;
 class Bank;
 struct BankAccount;
+struct BankMap;
 class BankName;
 struct ReconciledBalance;
 }
@@ -43,6 +44,7 @@ namespace tlm::foundation {
 class Percentage;
 }
 namespace tlm::navigation {
+class BankAccountCode;
 struct BudgetBankAccount;
 class GuiElementIdentifier;
 }

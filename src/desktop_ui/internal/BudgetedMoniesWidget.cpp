@@ -1,5 +1,6 @@
 #include "internal/BudgetedMoniesWidget.h"
 
+#include "internal/TabStops.h"
 #include "tlm/desktop_ui/DataEntryError.h"
 
 #include <fiscora/Accumulate.h>
@@ -44,20 +45,6 @@ std::optional<Money> monthlyAmount(BudgetedMoneyEntryWidget const& entry)
     }
     return budgeting::accumulateOver(EventFrequency::Monthly, amount, period);
 }
-
-/// \return what the Tab key stops at inside \a part, in that order
-std::vector<QWidget*> tabStops(QWidget const& part)
-{
-    std::vector<QWidget*> stops;
-    auto* const window = part.window();
-    for (auto* widget = window->nextInFocusChain(); widget != window; widget = widget->nextInFocusChain()) {
-        auto const isStop = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr;
-        if (isStop && part.isAncestorOf(widget)) {
-            stops.push_back(widget);
-        }
-    }
-    return stops;
-}
 }
 
 BudgetedMoniesWidget::BudgetedMoniesWidget(QString const& heading, std::unique_ptr<BudgetedMoneyCreator> creator,
@@ -85,8 +72,10 @@ BudgetedMoniesWidget::BudgetedMoniesWidget(QString const& heading, std::unique_p
 
 BudgetedMoniesWidget::~BudgetedMoniesWidget()
 {
-    // The base hides what ends on screen, and a row that loses the focus by this tells the view and asks its creator.
+    // The base hides what ends on screen, and a row that loses the focus by this tells the view and asks its creator. One
+    // that is hidden already may still have the focus until its field ends, which is too late to hear of it.
     hide();
+    disconnect(qApp, nullptr, this, nullptr);
 }
 
 bool BudgetedMoniesWidget::close()

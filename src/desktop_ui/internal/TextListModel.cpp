@@ -4,6 +4,9 @@ namespace tlm::desktop_ui::internal {
 
 namespace {
 
+/// For so few texts a box spends less on an item each than on another model.
+constexpr auto cheapestByItem = 8;
+
 bool isText(int role)
 {
     return role == Qt::DisplayRole || role == Qt::EditRole;
@@ -72,6 +75,12 @@ bool TextListModel::removeRows(int row, int count, QModelIndex const& parent)
 void appendTexts(QComboBox& box, QStringList const& texts)
 {
     auto* model = dynamic_cast<TextListModel*>(box.model());
+    if (model == nullptr && box.count() + texts.size() <= cheapestByItem) {
+        for (auto const& text : texts) {
+            box.addItem(text);
+        }
+        return;
+    }
     if (model == nullptr) {
         model = new TextListModel(&box);
         box.setModel(model);

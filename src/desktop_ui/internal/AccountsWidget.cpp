@@ -1,0 +1,188 @@
+#include "internal/AccountsWidget.h"
+
+#include "internal/AccountEntryWidget.h"
+#include "internal/TabStops.h"
+
+#include <tlm/foundation/Error.h>
+
+#include <QDebug>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+
+namespace tlm::desktop_ui::internal {
+
+using accounting::Account;
+using accounting::AccountCode;
+using accounting::AccountNumber;
+using foundation::Error;
+using foundation::QtPtr;
+
+namespace {
+
+/// \return whether a row that says \a text is one of \a form
+/// \throws Error when \a text is none of a row
+bool belongs(QString const& text, AccountEntryWidget const& form)
+{
+    if (text == AccountEntryWidget::newEntryText()) {
+        return form.number() == AccountNumber::invalid_ && form.name().isEmpty();
+    }
+    auto const pieces = text.split(AccountCode::separator_);
+    if (pieces.size() < 2) {
+        throw Error(AccountsWidget::tr("\"%1\" isn't the number and name of an account.").arg(text));
+    }
+    auto const name = form.name();
+    return pieces.front().toUInt() == form.number() && (name.isEmpty() || pieces.at(1) == name);
+}
+
+void logChange(QListWidgetItem const* current, QListWidgetItem const* previous)
+{
+    if (current == nullptr && previous == nullptr) {
+        qInfo() << "Changing displayed account from nothing to nothing.";
+    } else if (previous == nullptr) {
+        qInfo() << "Changing displayed account from nothing to" << current->text();
+    } else if (current == nullptr) {
+        qInfo() << "Changing displayed account from" << previous->text() << "to nothing.";
+    } else {
+        qInfo() << "Changing displayed account from" << previous->text() << "to" << current->text();
+    }
+}
+}
+
+AccountsWidget::AccountsWidget(std::set<Account> const& accounts, std::set<fiscora::Currency> usable,
+                               navigation::CurrencyDisplayOptions const& displayAs, QtPtr<QWidget> const& parent)
+    : QWidget(parent.get()), usable_(std::move(usable)), displayAs_(displayAs)
+{
+    setupUi(this);
+    for (auto const& account : accounts) {
+        numbers_.insert(account.code().number());
+    }
+    std::for_each(accounts.rbegin(), accounts.rend(), [this](Account const& account) { addEntry(account); });
+    if (accounts.empty()) {
+        addEntry(std::nullopt);
+    }
+    addBttn_ = saveDiscardBttnbx->addButton(tr("&Add"), QDialogButtonBox::ActionRole);
+    if (!addBttn_) {
+        throw Error(tr("Failed to create the add push button."));
+    }
+    leadTabFromListToForms();
+    displayAccount(accountCodesLstwdgt->currentItem());
+    connect(accountCodesLstwdgt, &QListWidget::currentItemChanged, this, &AccountsWidget::accountSelectionChanged);
+    connect(saveDiscardBttnbx, &QDialogButtonBox::clicked, this, &AccountsWidget::onClicked);
+}
+
+AccountsWidget::~AccountsWidget()
+{
+    // The base ends the list, which tells that its rows go.
+    accountCodesLstwdgt->disconnect(this);
+}
+
+bool AccountsWidget::close()
+{
+    QtPtr<AccountsWidget> const self = this;
+    emit closing();
+    return !self || QWidget::close();
+}
+
+auto AccountsWidget::addEntry(std::optional<Account> const& account) -> Form
+{
+    auto const& shown = account.value_or(Account());
+    qInfo() << "Inserting account entry." << shown.code().name();
+    auto* const item =
+        new QListWidgetItem(account ? presentationText(account->code()) : AccountEntryWidget::newEntryText());
+    accountCodesLstwdgt->addItem(item);
+    Form form = new AccountEntryWidget(account ? std::optional(account->code()) : std::nullopt, shown.isClosed(),
+                                       shown.type(), shown.balance(), numbers_, usable_, displayAs_, this);
+    rows_.add(*item, *form);
+    accountEntryVbxlyt->insertWidget(0, form.get());
+    form->hide();
+    accountCodesLstwdgt->setCurrentItem(item);
+    return form;
+}
+
+/// A blank form that is there already is as good as a new one.
+void AccountsWidget::addNewEntry()
+{
+    Form form = rows_.find([](AccountEntryWidget const& entry) { return entry.isEmpty(); });
+    if (form) {
+        accountCodesLstwdgt->setCurrentItem(rows_.itemOf(*form));
+    } else {
+        form = addEntry(std::nullopt);
+    }
+    form->findChild<QLineEdit*>(QStringLiteral("numberLndt"))->setFocus(Qt::OtherFocusReason);
+}
+
+/// The Tab key goes round, and comes to forms, later ones too, behind the list and the buttons. So the list comes behind
+/// the buttons.
+void AccountsWidget::leadTabFromListToForms()
+{
+    setTabOrder(tabStops(*saveDiscardBttnbx).back(), accountCodesLstwdgt);
+    accountCodesLstwdgt->setFocus(Qt::OtherFocusReason);
+}
+
+void AccountsWidget::displayAccount(QtPtr<QListWidgetItem> const& item)
+{
+    auto const text = item->text();
+    qInfo() << "Loading Account" << text;
+    if (auto const before = displayed()) {
+        before->hide();
+    } else {
+        qDebug() << "Failed to locate the account that is currently displayed, assuming none are.";
+    }
+    Form form = rows_.formOf(item.get());
+    if (!form) {
+        form = rows_.find([&](AccountEntryWidget const& entry) { return belongs(text, entry); });
+    }
+    if (!form) {
+        qFatal("Failed to locate the account that is to be displayed.");
+    }
+    form->show();
+}
+
+auto AccountsWidget::displayed() const -> Form
+{
+    return rows_.find([](AccountEntryWidget const& form) { return !form.isHidden(); });
+}
+
+/// Lets the list say what was typed into \a form, and the other forms offer its number.
+void AccountsWidget::followTyping(Form const& form)
+{
+    rows_.itemOf(*form)->setText(form->displayText());
+    AccountNumber const number(form->number());
+    if (number == AccountNumber() || form->numberErrorMessage()) {
+        return;
+    }
+    numbers_.insert(number);
+    rows_.forEach([&](AccountEntryWidget& entry) { entry.addParentNumber(number); });
+}
+
+void AccountsWidget::accountSelectionChanged(QtPtr<QListWidgetItem> const& current,
+                                             QtPtr<QListWidgetItem> const& previous)
+{
+    logChange(current.get(), previous.get());
+    // A form stays on view without a row that is current after Save, and is typed into like any other.
+    if (auto const before = displayed()) {
+        followTyping(before);
+    } else if (previous) {
+        qFatal("Failed to locate the previously selected displayed account.");
+    }
+    if (current) {
+        displayAccount(current);
+    }
+}
+
+void AccountsWidget::onClicked(QtPtr<QAbstractButton> const& button)
+{
+    qInfo() << "Handling account entry widget clicked button" << button->text();
+    if (button == saveDiscardBttnbx->button(QDialogButtonBox::Discard)) {
+        close();
+    } else if (button == saveDiscardBttnbx->button(QDialogButtonBox::Save)) {
+        save();
+    } else if (button == addBttn_) {
+        addNewEntry();
+    }
+}
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <tlm/accounting/AccountCode.h>
+#include <tlm/banking/BankName.h>
+
+#include <QString>
+
+#include <optional>
+
+/// Whom a reply is about.
+///
+/// A reply names a thing by texts that people type, and by then a row may show another one: a refused name, one that was
+/// changed since, or none. So each of these tells how far a form, whose row says \a text, is from what a reply names: none
+/// when it can't be meant, and the less, the better.
+namespace tlm::desktop_ui::internal {
+
+class AccountEntryWidget;
+class BankEntryWidget;
+
+/// \param code a default one stands for an account without a name
+std::optional<int> distance(QString const& text, AccountEntryWidget const& form, accounting::AccountCode const& code);
+
+/// Takes what a refusal names.
+std::optional<int> distance(QString const& text, AccountEntryWidget const& form,
+                            std::optional<accounting::AccountCode> const& original,
+                            std::optional<accounting::AccountCode> const& displayed);
+
+std::optional<int> distance(QString const& text, BankEntryWidget const& form, banking::BankName const& name);
+
+/// Takes what a refusal names.
+std::optional<int> distance(QString const& text, BankEntryWidget const& form,
+                            std::optional<banking::BankName> const& original,
+                            std::optional<banking::BankName> const& displayed);
+}

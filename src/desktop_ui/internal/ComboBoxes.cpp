@@ -1,0 +1,36 @@
+#include "internal/ComboBoxes.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QShowEvent>
+
+namespace tlm::desktop_ui::internal {
+
+void settleSize(QComboBox& box)
+{
+    QShowEvent firstOne;
+    QCoreApplication::sendEvent(&box, &firstOne);
+    box.sizeHint();
+    box.minimumSizeHint();
+}
+
+bool opensPopUp(QEvent const& event)
+{
+    if (event.type() != QEvent::KeyPress) {
+        return event.type() == QEvent::MouseButtonPress;
+    }
+    auto const& press = static_cast<QKeyEvent const&>(event);
+    auto const isArrow = press.key() == Qt::Key_Up || press.key() == Qt::Key_Down;
+    return press.key() == Qt::Key_F4 || press.key() == Qt::Key_Space ||
+           (isArrow && press.modifiers().testFlag(Qt::AltModifier));
+}
+
+void makeRoomForItems(QComboBox& box)
+{
+    auto& items = *box.view();
+    items.setMinimumWidth(items.sizeHintForColumn(0) + items.verticalScrollBar()->sizeHint().width());
+}
+}
