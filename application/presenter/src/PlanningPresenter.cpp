@@ -1,6 +1,5 @@
 #include "PlannedRecords.h"
 
-#include <presenter/Messages.h>
 #include <presenter/PlanningPresenter.h>
 #include <presenter/Session.h>
 #include <tlm/desktop_ui/MainWindow.h>
@@ -21,10 +20,12 @@ using tlm::desktop_ui::MainWindow;
 using tlm::foundation::Error;
 using tlm::navigation::AllowSubAccounts;
 
-PlanningPresenter::PlanningPresenter(MainWindow& window, Session& session) : window_(window), session_(session)
+PlanningPresenter::PlanningPresenter(MainWindow& window, Session& session)
+    : window_(window), session_(session), walk_(window, [this] { show(walking_); })
 {
     joinViews();
     joinChanges();
+    connect(&walk_, &SaveWalk::ended, this, &PlanningPresenter::expectUpdate);
 }
 
 void PlanningPresenter::joinViews()
@@ -36,7 +37,6 @@ void PlanningPresenter::joinViews()
           Wish(&MainWindow::prepareShowWages, Types::Wage)}) {
         connect(&window_, wish, this, [this, type = type] { show(type); });
     }
-    connect(&window_, &MainWindow::prepareShowDashboard, this, &PlanningPresenter::onPrepareShowDashboard);
     connect(&window_, &MainWindow::lookUpBankAccounts, this, &PlanningPresenter::onLookUpBankAccounts);
 }
 
@@ -92,13 +92,6 @@ fiscora::Money PlanningPresenter::wagesTotal() const
     }
 }
 
-void PlanningPresenter::onPrepareShowDashboard()
-{
-    if (rename_) {
-        rename_->hasViewGone = true;
-    }
-}
-
 void PlanningPresenter::onLookUpBankAccounts(BankName const& bn, AllowSubAccounts shouldAllow)
 {
     emit window_.lookedUpBankAccounts(bn, session_.household().bankAccounts(bn, shouldAllow));
@@ -106,78 +99,50 @@ void PlanningPresenter::onLookUpBankAccounts(BankName const& bn, AllowSubAccount
 
 void PlanningPresenter::onAdded(Id const& id, Types type, BudgetedMoney const& item, Account const& ba)
 {
-    auto const refusal =
-        refusalOf([&](Household& household) { household.add(planned(type, item), ba, QDate::currentDate()); });
+    auto const refusal = refusalOf(
+        session_, [&](Household& household) { household.add(planned(type, item), ba, QDate::currentDate()); });
     answer(id, {}, item.source(), refusal);
 }
 
 void PlanningPresenter::onRenamed(Id const& id, Types type, Source const& original, Source const& changed)
 {
-    auto const refusal = refusalOf([&](Household& household) { household.rename({type, original}, changed); });
-    rename_ = Rename{id, original, changed, refusal};
+    walk_.goOn();
+    walking_ = type;
+    auto const refusal = refusalOf(session_, [&](Household& household) {
+        household.rename({type, original}, changed);
+    });
+    refused_.keep({id, changed}, original, refusal);
+    rename_ = refusal ? std::nullopt : std::optional(Rename{id, original, changed});
     answer(id, original, changed, refusal);
-    if (!refusal && rename_->hasViewGone) {
-        QMetaObject::invokeMethod(
-            this, [this, id, type] { expectUpdate(id, type); }, Qt::QueuedConnection);
-    }
 }
 
 void PlanningPresenter::onUpdated(Id const& id, Types type, BudgetedMoney const& item, Account const& ba)
 {
     auto const source = item.source();
-    if (isForAnotherItem(id, source)) {
-        answer(id, rename_->original, source, rename_->refusal);
+    auto const before = refused_.before({id, source});
+    refused_.forget();
+    if (before) {
+        answer(id, before->original, source, before->sentence);
         return;
     }
-    auto const refusal = refusalOf([&](Household& household) {
+    auto const refusal = refusalOf(session_, [&](Household& household) {
         household.change({type, source}, planned(type, item), ba);
     });
-    auto const isSecondHalf = rename_ && rename_->id == id;
-    if (isSecondHalf) {
-        rename_->isFollowed = true;
-    }
+    auto const rename = rename_ && rename_->id == id ? std::exchange(rename_, {}) : std::nullopt;
     answer(id, source, source, refusal);
-    if (refusal && isSecondHalf && rename_->hasViewGone) {
-        tellHalfMade(type, tr("What else was changed about it was refused: %1").arg(*refusal));
+    if (refusal && rename && walk_.hasViewGone()) {
+        tellHalfMade(*rename, tr("What else was changed about it was refused: %1").arg(*refusal));
     }
 }
 
 void PlanningPresenter::onRemoved(Id const& id, Types type, Source const& source)
 {
-    auto const refusal = refusalOf([&](Household& household) { household.remove({type, source}); });
+    auto const refusal = refusalOf(session_, [&](Household& household) { household.remove({type, source}); });
     answer(id, source, source, refusal);
 }
 
-/// An update of an entry whose new name was refused speaks of the item that has this name.
-bool PlanningPresenter::isForAnotherItem(Id const& id, Source const& source)
-{
-    if (!rename_ || rename_->id != id || !rename_->refusal) {
-        return false;
-    }
-    if (rename_->changed != source) {
-        rename_.reset();
-        return false;
-    }
-    return true;
-}
-
-std::optional<QString> PlanningPresenter::refusalOf(std::function<void(Household&)> const& change)
-{
-    try {
-        session_.change(change);
-    } catch (Error const& refusal) {
-        return refusal.message();
-    } catch (std::exception const& failure) {
-        qWarning() << "Failed to change what is planned:" << failure.what();
-        return tr("That didn't work, and your budget is as it was before. The cause: %1")
-            .arg(QString::fromUtf8(failure.what()));
-    }
-    return {};
-}
-
-/// Outside of any `try`: a view that fails over the answer must not be told that its change failed.
 void PlanningPresenter::answer(Id const& id, std::optional<Source> const& original, Source const& displayed,
-                               std::optional<QString> const& refusal)
+                               Refusal const& refusal)
 {
     if (refusal) {
         emit window_.saveFailed(id, original, *refusal, displayed);
@@ -186,19 +151,16 @@ void PlanningPresenter::answer(Id const& id, std::optional<Source> const& origin
     }
 }
 
-/// Comes when the walk of the view that sent the accepted name has ended.
-void PlanningPresenter::expectUpdate(Id const& id, Types type)
+/// A view that went away over an accepted name has told what belongs to it by now, if that could be read.
+void PlanningPresenter::expectUpdate()
 {
-    if (rename_ && rename_->id == id && !rename_->isFollowed) {
-        tellHalfMade(type, tr("What else was typed for it can't be read, so it is as it was before."));
+    if (auto const rename = std::exchange(rename_, {}); rename && walk_.hasViewGone()) {
+        tellHalfMade(*rename, tr("What else was typed for it can't be read, so it is as it was before."));
     }
 }
 
-void PlanningPresenter::tellHalfMade(Types type, QString const& rest)
+void PlanningPresenter::tellHalfMade(Rename const& rename, QString const& rest)
 {
-    auto const rename = *std::exchange(rename_, {});
-    show(type);
-    tellFailure(window_, tr("Not Everything Was Changed"),
-                tr("%1 is called %2 now. %3").arg(rename.original.name(), rename.changed.name(), rest));
+    walk_.tellAtEnd(tr("%1 is called %2 now. %3").arg(rename.original.name(), rename.changed.name(), rest));
 }
 }

@@ -12,12 +12,10 @@ using tlm::desktop_ui::MainWindow;
 UnansweredPresenter::UnansweredPresenter(MainWindow& window) : window_(window)
 {
     using Wish = void (MainWindow::*)();
-    for (Wish const wish :
-         {&MainWindow::prepareShowAccounts, &MainWindow::prepareShowLedgers, &MainWindow::prepareShowBanks,
-          &MainWindow::prepareShowProcessBudgetItems, &MainWindow::prepareShowSurvey,
-          &MainWindow::prepareShowMoneyTransfer, &MainWindow::prepareShowBudgetItemRefund,
-          &MainWindow::prepareShowExchangeRates, &MainWindow::prepareShowConfigure,
-          &MainWindow::prepareNewBudgetFirstTimeWizard, &MainWindow::fetchReleaseNotes}) {
+    for (Wish const wish : {&MainWindow::prepareShowProcessBudgetItems, &MainWindow::prepareShowSurvey,
+                            &MainWindow::prepareShowBudgetItemRefund, &MainWindow::prepareShowExchangeRates,
+                            &MainWindow::prepareShowConfigure, &MainWindow::prepareNewBudgetFirstTimeWizard,
+                            &MainWindow::fetchReleaseNotes}) {
         connect(&window_, wish, this, &UnansweredPresenter::tell);
     }
 }

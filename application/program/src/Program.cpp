@@ -34,6 +34,9 @@ Program::Program(StartOptions const& options)
       title_(window_, session_),
       dashboard_(window_, session_),
       planning_(window_, session_),
+      accounts_(window_, session_),
+      ledgers_(window_, session_),
+      banks_(window_, session_),
       budgetFile_(window_, session_),
       unanswered_(window_)
 {

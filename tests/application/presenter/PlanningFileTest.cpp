@@ -247,6 +247,7 @@ TEST_F(PlanningFileTest, ARenamedRowWithRefusedValuesIsToldOverTheViewAgain)
     enter(row("Rent").amount(), "0");
 
     press(QDialogButtonBox::Save);
+    QCoreApplication::processEvents();
 
     auto* const box = shownWindow<QMessageBox>();
     ASSERT_NE(box, nullptr);

@@ -208,7 +208,7 @@ TEST_F(PlanningRefusalTest, AnItemThatHasGone)
 
 TEST_F(PlanningRefusalTest, ARecordOfAnotherKindThanToldIsAnsweredToo)
 {
-    expectMessage(QtWarningMsg, "Failed to change what is planned");
+    expectMessage(QtWarningMsg, "Failed to change the budget");
     auto const before = content();
 
     emit window.added(id, debt, *record(bill, {"Car loan"}), {});

@@ -142,6 +142,7 @@ TEST_F(PlanningRenameTest, ARefusalAfterTheViewWentAwayIsToldOverAFreshView)
 
     rename(bill_, "Rent", "Flat");
     update(bill_, {"Flat", dollars(0)});
+    QCoreApplication::processEvents();
 
     ASSERT_EQ(answers.size(), 2U);
     EXPECT_EQ(answers.at(0).refusal, std::nullopt);
@@ -159,6 +160,7 @@ TEST_F(PlanningRenameTest, ARefusalInAViewThatIsStillThereIsLeftToTheView)
 {
     rename(bill_, "Rent", "Flat");
     update(bill_, {"Flat", dollars(0)});
+    QCoreApplication::processEvents();
 
     EXPECT_EQ(shownWindow<QMessageBox>(), nullptr);
     EXPECT_EQ(answers.size(), 2U);

@@ -13,17 +13,19 @@ protected:
 
 TEST_F(UnansweredPresenterTest, SaysThatAViewIsNotThereYet)
 {
-    emit window.prepareShowAccounts();
+    emit window.prepareShowSurvey();
 
     EXPECT_EQ(status(), "This isn't part of Tallymere yet. A later version brings it.");
 }
 
-TEST_F(UnansweredPresenterTest, LeavesTheDashboardAndPlanningToTheirOwnPresenters)
+TEST_F(UnansweredPresenterTest, LeavesTheOtherViewsToTheirOwnPresenters)
 {
     using tlm::desktop_ui::MainWindow;
     for (auto const wish :
          {&MainWindow::prepareShowDashboard, &MainWindow::prepareShowBills, &MainWindow::prepareShowDebts,
-          &MainWindow::prepareShowGoals, &MainWindow::prepareShowNontracks, &MainWindow::prepareShowWages}) {
+          &MainWindow::prepareShowGoals, &MainWindow::prepareShowNontracks, &MainWindow::prepareShowWages,
+          &MainWindow::prepareShowAccounts, &MainWindow::prepareShowLedgers, &MainWindow::prepareShowMoneyTransfer,
+          &MainWindow::prepareShowBanks}) {
         emit(window.*wish)();
     }
 

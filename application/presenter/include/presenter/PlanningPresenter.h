@@ -1,5 +1,7 @@
 #pragma once
 
+#include <presenter/Refusal.h>
+#include <presenter/SaveWalk.h>
 #include <tlm/budgeting/BudgetItemTypes.h>
 #include <tlm/budgeting/BudgetSource.h>
 #include <tlm/navigation/AllowSubAccounts.h>
@@ -8,14 +10,11 @@
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <optional>
+#include <utility>
 
 namespace fiscora {
 class Money;
-}
-namespace tallymere::engine {
-class Household;
 }
 namespace tlm::banking {
 struct BankAccount;
@@ -53,22 +52,18 @@ private:
     using Source = tlm::budgeting::BudgetSource;
     using Account = std::optional<tlm::banking::BankAccount>;
 
-    /// The name that an entry of a view was given last, or was to be given.
+    /// An accepted name, which an update of the entry follows.
     struct Rename
     {
         Id id;
         Source original;
         Source changed;
-        std::optional<QString> refusal; ///< empty for a name that was accepted
-        bool hasViewGone = false;
-        bool isFollowed = false; ///< by an update
     };
 
     void joinViews();
     void joinChanges();
     void show(Types type);
     fiscora::Money wagesTotal() const;
-    void onPrepareShowDashboard();
     void onLookUpBankAccounts(tlm::banking::BankName const& bn, tlm::navigation::AllowSubAccounts shouldAllow);
 
     void onAdded(Id const& id, Types type, tlm::budgeting::BudgetedMoney const& item, Account const& ba);
@@ -76,16 +71,15 @@ private:
     void onUpdated(Id const& id, Types type, tlm::budgeting::BudgetedMoney const& item, Account const& ba);
     void onRemoved(Id const& id, Types type, Source const& source);
 
-    /// \return why \a change was refused, empty when it was made
-    std::optional<QString> refusalOf(std::function<void(engine::Household&)> const& change);
-    void answer(Id const& id, std::optional<Source> const& original, Source const& displayed,
-                std::optional<QString> const& refusal);
-    bool isForAnotherItem(Id const& id, Source const& source);
-    void expectUpdate(Id const& id, Types type);
-    void tellHalfMade(Types type, QString const& rest);
+    void answer(Id const& id, std::optional<Source> const& original, Source const& displayed, Refusal const& refusal);
+    void expectUpdate();
+    void tellHalfMade(Rename const& rename, QString const& rest);
 
     tlm::desktop_ui::MainWindow& window_;
     Session& session_;
+    SaveWalk walk_;
+    Types walking_ = Types::None; ///< which view tells the present walk
     std::optional<Rename> rename_;
+    RefusedStep<std::pair<Id, Source>, Source> refused_;
 };
 }

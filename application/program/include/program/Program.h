@@ -1,7 +1,10 @@
 #pragma once
 
+#include <presenter/AccountsPresenter.h>
+#include <presenter/BanksPresenter.h>
 #include <presenter/BudgetFilePresenter.h>
 #include <presenter/DashboardPresenter.h>
+#include <presenter/LedgersPresenter.h>
 #include <presenter/PlanningPresenter.h>
 #include <presenter/Session.h>
 #include <presenter/UnansweredPresenter.h>
@@ -43,6 +46,9 @@ private:
     presenter::WindowTitle title_;
     presenter::DashboardPresenter dashboard_;
     presenter::PlanningPresenter planning_;
+    presenter::AccountsPresenter accounts_;
+    presenter::LedgersPresenter ledgers_;
+    presenter::BanksPresenter banks_;
     presenter::BudgetFilePresenter budgetFile_;
     presenter::UnansweredPresenter unanswered_;
 };

@@ -1,0 +1,148 @@
+#include "BooksView.h"
+#include "LedgersFixture.h"
+
+#include <QTreeWidget>
+
+namespace tallymere::presenter {
+namespace {
+
+using tlm::accounting::presentationText;
+using tlm::testing::child;
+using tlm::testing::expectMessage;
+
+class LedgersViewTest : public BooksView<LedgersTest>
+{
+protected:
+    void show(AccountNumber const& ledger)
+    {
+        emit window.prepareShowLedgers();
+        rest();
+        select(ledger);
+    }
+
+    void select(AccountNumber const& ledger)
+    {
+        auto& tree = child<QTreeWidget>(view(), "ledgersTrwdgt");
+        auto const rows = tree.findItems(presentationText(code(ledger)), Qt::MatchExactly | Qt::MatchRecursive);
+        if (rows.size() != 1) {
+            throw std::runtime_error("no one row of the ledger");
+        }
+        tree.setCurrentItem(rows.front());
+    }
+
+    /// \return the form of the transaction \a number on screen, of the new one without
+    QWidget& form(Number const& number = {})
+    {
+        auto const caption = number ? tlm::accounting::transactionCaption().arg(presentationText(*number)) : QString();
+        for (auto* const each : view().findChildren<QWidget*>("TransactionWdgt")) {
+            if (each->isVisible() && child<QLabel>(*each, "numberLbl").text() == caption) {
+                return *each;
+            }
+        }
+        throw std::runtime_error("no form of " + caption.toStdString());
+    }
+
+    /// \return the number of \a id, which is small
+    static TransactionNumber numberOf(PostingId const& id)
+    {
+        return TransactionNumber(static_cast<unsigned short>(id.value));
+    }
+
+    static void choosePayer(QWidget const& transaction, AccountCode const& code)
+    {
+        choose(transaction, "accountCmbbx", presentationText(code));
+    }
+};
+
+TEST_F(LedgersViewTest, ATransactionIsEnteredClearedAndFoundInTheFileAgain)
+{
+    show(food);
+    press("&Add");
+    auto& added = form();
+    enter(added, "descriptionLndt", "Bread");
+    click(added, "creditRdbttn");
+    choosePayer(added, code(everyday));
+    enterDollars(added, "amountMnyntry", "7");
+    click(added, "reconciledChckbx"); // one step up: cleared
+
+    press(QDialogButtonBox::Save);
+
+    EXPECT_TRUE(isDashboardShown());
+    ASSERT_TRUE(posted);
+    saveAndReopen();
+    EXPECT_EQ(posting(*posted), (Posting{QDate::currentDate(), food, everyday, dollars(7), "Bread",
+                                         TransactionStatuses::Cleared, std::nullopt}));
+}
+
+TEST_F(LedgersViewTest, TransactionsAreChangedReconciledAndRemovedInOneSave)
+{
+    auto const changed = numberOf(post(food, everyday, dollars(12)));
+    auto const reconciled = numberOf(post(food, everyday, dollars(13)));
+    auto const removed = numberOf(post(food, everyday, dollars(14)));
+    show(food);
+    enterDollars(form(changed), "amountMnyntry", "21");
+    click(form(reconciled), "reconciledChckbx");
+    click(form(reconciled), "reconciledChckbx");
+    click(form(removed), "removeChckbx");
+
+    press(QDialogButtonBox::Save);
+
+    EXPECT_TRUE(isDashboardShown());
+    saveAndReopen();
+    EXPECT_EQ(posting(changed).amount, dollars(21));
+    EXPECT_EQ(posting(changed).status, TransactionStatuses::NotCleared);
+    EXPECT_EQ(posting(reconciled).status, TransactionStatuses::Reconciled);
+    EXPECT_EQ(session.household().balance(food), dollars(34));
+}
+
+TEST_F(LedgersViewTest, ARefusedChangeIsNotMarkedAndStaysWithItsMessage)
+{
+    expectMessage(QtWarningMsg, "Failure saving");
+    auto const number = numberOf(post(food, everyday, dollars(12)));
+    auto const same = made(food, abroad, dollars(12));
+    auto const sentence =
+        sentenceOf([&](Household& household) { household.changePosting(PostingId{number.integer()}, same); });
+    show(food);
+    choosePayer(form(number), code(abroad));
+    click(form(number), "reconciledChckbx");
+
+    press(QDialogButtonBox::Save);
+
+    ASSERT_FALSE(isDashboardShown());
+    EXPECT_EQ(error(form(number)), sentence);
+    EXPECT_EQ(posting(number), made(food, everyday, dollars(12)));
+    choosePayer(form(number), code(card));
+    press(QDialogButtonBox::Save);
+    EXPECT_TRUE(isDashboardShown());
+    EXPECT_EQ(posting(number).crediting, card);
+    EXPECT_EQ(posting(number).status, TransactionStatuses::Cleared);
+}
+
+TEST_F(LedgersViewTest, ANewTransactionWithoutTheOtherAccountStaysWithItsMessage)
+{
+    expectMessage(QtWarningMsg, "Failure saving");
+    show(food);
+    press("&Add");
+    enterDollars(form(), "amountMnyntry", "7");
+    click(form(), "creditRdbttn");
+
+    press(QDialogButtonBox::Save);
+
+    ASSERT_FALSE(isDashboardShown());
+    EXPECT_EQ(error(form()),
+              "The other account of this transaction isn't chosen. Choose where the money came from or went to.");
+}
+
+TEST_F(LedgersViewTest, BothLedgersOfATransactionShowItUnderOneNumber)
+{
+    auto const number = numberOf(post(food, everyday, dollars(12)));
+    show(food);
+    EXPECT_TRUE(form(number).isVisible());
+
+    select(everyday);
+
+    EXPECT_TRUE(form(number).isVisible());
+    EXPECT_TRUE(child<QAbstractButton>(form(number), "debitRdbttn").isChecked()) << "food is debited";
+}
+}
+}
