@@ -1,16 +1,15 @@
+#include "Camera.h"
+#include "Stops.h"
+
 #include <program/Application.h>
 #include <program/Program.h>
 
 #include <QAction>
-#include <QDir>
-#include <QEventLoop>
-#include <QImage>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTextStream>
-#include <QTimer>
 #include <QUrl>
 
 #include <chrono>
@@ -19,12 +18,11 @@
 namespace {
 
 using namespace tallymere::program;
+using namespace tallymere::tour;
 using tlm::desktop_ui::MainWindow;
 using namespace std::chrono_literals;
 
-/// What a page of the handbook is wide enough for, in pixels.
-constexpr auto widthOfPage = 840;
-
+/// Qt derives what is disabled from the colour of buttons, as if that were light: almost black on dark.
 QPalette darkPalette()
 {
     QPalette palette(QColor(45, 48, 52));
@@ -32,70 +30,16 @@ QPalette darkPalette()
     palette.setColor(QPalette::AlternateBase, QColor(40, 43, 47));
     palette.setColor(QPalette::Highlight, QColor(61, 125, 190));
     palette.setColor(QPalette::Link, QColor(110, 170, 230));
+    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(172, 176, 182));
+    }
     return palette;
-}
-
-/// Lets the program paint and settle.
-void wait(std::chrono::milliseconds duration)
-{
-    QEventLoop loop;
-    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-/// Takes pictures into one folder, each under its own name with an ending that they all share.
-class Camera
-{
-public:
-    Camera(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
-
-    void shoot(QWidget& subject, QString const& name) { keep(picture(subject), name); }
-
-    /// Takes the picture for a page of the handbook.
-    void shootForPage(QWidget& subject, QString const& name)
-    {
-        keep(picture(subject).scaledToWidth(widthOfPage, Qt::SmoothTransformation), name);
-    }
-
-    /// \return whether every picture was written
-    bool isWhole() const { return isWhole_; }
-
-private:
-    static QImage picture(QWidget& subject)
-    {
-        wait(200ms);
-        return subject.grab().toImage();
-    }
-
-    void keep(QImage const& picture, QString const& name)
-    {
-        auto const path = QDir(folder_).filePath(name + ending_ + QStringLiteral(".png"));
-        if (!picture.save(path)) {
-            QTextStream(stderr) << "Can't write " << path << '\n';
-            isWhole_ = false;
-        }
-    }
-
-    QString folder_;
-    QString ending_;
-    bool isWhole_ = true;
-};
-
-void choose(MainWindow& window, QString const& view)
-{
-    window.findChild<QAction*>(view + QStringLiteral("Actn"))->trigger();
-}
-
-QStringList planningViews()
-{
-    return {QStringLiteral("bills"), QStringLiteral("debts"), QStringLiteral("goals"), QStringLiteral("nontracks"),
-            QStringLiteral("wages")};
 }
 
 /// Takes the handbook's first page and one with a picture.
 void shootHandbook(Camera& camera, MainWindow& window)
 {
-    choose(window, QStringLiteral("handbook"));
+    window.findChild<QAction*>(QStringLiteral("handbookActn"))->trigger();
     wait(400ms);
     for (auto* const other : QApplication::topLevelWidgets()) {
         if (auto* const page = other->findChild<QTextBrowser*>(); page != nullptr && other->isVisible()) {
@@ -107,31 +51,39 @@ void shootHandbook(Camera& camera, MainWindow& window)
     }
 }
 
-/// Goes through the views as they come up, and as they are in the smallest window.
-void walk(Camera& camera, MainWindow& window)
+void shootEach(Camera& camera, MainWindow& window, bool isAccounting, QString const& ending)
 {
-    camera.shoot(window, QStringLiteral("dashboard"));
-    for (auto const& view : planningViews()) {
-        choose(window, view);
-        camera.shoot(window, view);
+    for (auto const& stop : stops(isAccounting)) {
+        show(stop, window);
+        camera.shoot(window, stop.name + ending);
     }
+}
+
+/// Goes through the views of a wording as they come up, and as they are in the smallest window.
+void walk(Camera& camera, MainWindow& window, bool isAccounting)
+{
+    auto const dashboard = QStringLiteral("dashboard") + (isAccounting ? QStringLiteral("-accounting") : QString());
+    auto const smallest = QStringLiteral("-smallest");
+    auto const sizeAtFirst = window.size();
+    camera.shoot(window, dashboard);
+    shootEach(camera, window, isAccounting, QString());
     window.resize(window.minimumSize());
-    for (auto const& view : planningViews()) {
-        choose(window, view);
-        camera.shoot(window, view + QStringLiteral("-smallest"));
-    }
+    shootEach(camera, window, isAccounting, smallest);
     emit window.prepareShowDashboard();
-    camera.shoot(window, QStringLiteral("dashboard-smallest"));
-    shootHandbook(camera, window);
+    camera.shoot(window, dashboard + smallest);
+    if (isAccounting) {
+        shootHandbook(camera, window);
+    }
+    window.resize(sizeAtFirst);
 }
 
 /// Takes the pictures of the handbook's own pages.
-void illustrate(Camera& camera, MainWindow& window)
+void illustrate(Camera& camera, MainWindow& window, bool isAccounting)
 {
-    window.resize(window.minimumSize());
-    for (auto const& view : planningViews()) {
-        choose(window, view);
-        camera.shootForPage(*window.centralWidget(), QStringLiteral("planning-") + view);
+    for (auto const& stop : stops(isAccounting)) {
+        window.resize(stop.windowForPage.expandedTo(window.minimumSize()));
+        show(stop, window);
+        camera.shootForPage(*window.centralWidget(), stop.page);
     }
 }
 }
@@ -154,10 +106,12 @@ int main(int argc, char** argv)
     if (arguments.at(2) == QLatin1String("dark")) {
         QApplication::setPalette(darkPalette());
     }
-    Program program(StartOptions{{}, true, {}});
-    program.start();
     auto const isForHandbook = arguments.at(2) == QLatin1String("handbook");
     Camera camera(arguments.at(1), isForHandbook ? QString() : u'-' + arguments.mid(2).join(u'-'));
-    (isForHandbook ? illustrate : walk)(camera, program.window());
+    for (auto const isAccounting : {false, true}) {
+        Program program(StartOptions{{}, true, isAccounting});
+        program.start();
+        (isForHandbook ? illustrate : walk)(camera, program.window(), isAccounting);
+    }
     return camera.isWhole() ? 0 : 1;
 }
