@@ -1,42 +1,10 @@
+#include "Process.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
-#include <QTest>
-
-#include <gtest/gtest.h>
-#include <support/Home.h>
 
 namespace tallymere {
 namespace {
-
-/// The program as a person starts it, in a process of its own.
-class ProcessTest : public ::testing::Test
-{
-protected:
-    ProcessTest()
-    {
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_DATA_HOME", home.path("data"));
-        environment.insert("XDG_CONFIG_HOME", home.path("config"));
-        process.setProcessEnvironment(environment);
-    }
-
-    void start(QStringList const& arguments) { process.start(TALLYMERE, arguments); }
-
-    bool end() { return process.waitForFinished(20'000) && process.exitStatus() == QProcess::NormalExit; }
-
-    /// \return what xdotool prints, empty on failure
-    static QString xdotool(QStringList const& arguments)
-    {
-        QProcess tool;
-        tool.start("xdotool", arguments);
-        tool.waitForFinished(20'000);
-        return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
-    }
-
-    tlm::testing::Home home;
-    QProcess process;
-};
 
 TEST_F(ProcessTest, AWrongArgumentEndsWithOneSentenceAndStatusTwo)
 {
@@ -67,7 +35,7 @@ TEST_F(ProcessTest, AStartThatNeedsAFolderInVainSaysWhyAndEnds)
     QFile obstacle(home.path("data"));
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     start({});
-    auto const box = xdotool({"search", "--sync", "--onlyvisible", "--name", "Can't Start"});
+    auto const box = windowOf("Can't Start");
     ASSERT_FALSE(box.isEmpty());
 
     xdotool({"windowfocus", "--sync", box, "key", "Return"});
@@ -80,7 +48,7 @@ TEST_F(ProcessTest, AStartThatNeedsAFolderInVainSaysWhyAndEnds)
 TEST_F(ProcessTest, TheSampleOpensInAWindowAndTheKeyboardEndsIt)
 {
     start({"--sample"});
-    auto const window = xdotool({"search", "--sync", "--onlyvisible", "--name", "Sample household"});
+    auto const window = windowOf("Sample household");
     ASSERT_FALSE(window.isEmpty());
 
     xdotool({"windowfocus", "--sync", window, "key", "ctrl+q"});
