@@ -48,10 +48,14 @@ protected:
         return engine::Household(document->content(), *document).balance(number);
     }
 
-    static void press(QString const& window, QStringList const& keys)
+    void press(QString const& window, QStringList const& keys)
     {
         ASSERT_FALSE(window.isEmpty());
-        xdotool(QStringList{"windowfocus", "--sync", window, "key", "--delay", "60"} + keys);
+        xdotool({"windowfocus", "--sync", window});
+        for (auto const& key : keys) {
+            xdotool({"key", key});
+            untilAtRest();
+        }
     }
 
     storage::Places const places{home.path("copies"), home.path("backups")};

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QByteArrayList>
+#include <QFile>
 #include <QProcess>
+#include <QTest>
 
+#include <chrono>
 #include <gtest/gtest.h>
 #include <support/Home.h>
 
@@ -21,7 +25,12 @@ protected:
 
     void start(QStringList const& arguments) { process.start(TALLYMERE, arguments); }
 
-    bool end() { return process.waitForFinished(20'000) && process.exitStatus() == QProcess::NormalExit; }
+    /// Waits until the program has ended. \return whether it did so by itself
+    bool end()
+    {
+        auto const hasEnded = process.state() == QProcess::NotRunning || process.waitForFinished(20'000);
+        return hasEnded && process.exitStatus() == QProcess::NormalExit;
+    }
 
     /// \return what xdotool prints, empty on failure
     static QString xdotool(QStringList const& arguments)
@@ -32,14 +41,39 @@ protected:
         return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
     }
 
-    /// Waits for a window whose title has \a title, a regular expression, in it.
+    /// Waits for a window whose title has \a title, a regular expression, in it, and until the program is done with it.
     /// \return what xdotool calls it, empty when none comes
-    static QString windowOf(QString const& title)
+    QString windowOf(QString const& title) const
     {
-        return xdotool({"search", "--sync", "--onlyvisible", "--name", title});
+        auto const window = xdotool({"search", "--sync", "--onlyvisible", "--name", title});
+        untilAtRest();
+        return window;
+    }
+
+    /// Waits until the program takes no more time of the processor: keys that come while it is busy may find the view before.
+    void untilAtRest() const
+    {
+        using namespace std::chrono_literals;
+        for (auto before = processorTime();;) {
+            QTest::qWait(std::chrono::milliseconds(150ms).count());
+            auto const now = processorTime();
+            if (now == before) {
+                return;
+            }
+            before = now;
+        }
     }
 
     tlm::testing::Home home;
     QProcess process;
+
+private:
+    /// \return what the kernel has counted, in its own unit; nothing for a process that has ended
+    QByteArrayList processorTime() const
+    {
+        QFile status(QString("/proc/%1/stat").arg(process.processId()));
+        return status.open(QIODevice::ReadOnly) ? status.readAll().split(')').constLast().split(' ').mid(12, 2)
+                                                : QByteArrayList();
+    }
 };
 }
