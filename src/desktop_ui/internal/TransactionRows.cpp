@@ -10,7 +10,6 @@
 
 namespace tlm::desktop_ui::internal {
 
-using foundation::QtPtr;
 using foundation::ScopeExecutor;
 
 namespace {
@@ -207,10 +206,11 @@ void TransactionRows::setShown(accounting::AccountCode const& ledger, bool isSho
     if (records_.setShown(ledger, isShown)) {
         fitRuns();
     }
-    auto const rows = existing();
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-        if (*row && (*row)->ledger().number() == ledger.number()) {
-            (*row)->setVisible(isShown);
+    auto rows = existing();
+    std::ranges::reverse(rows);
+    for (auto const& row : rows) {
+        if (row && row->ledger().number() == ledger.number()) {
+            row->setVisible(isShown);
         }
     }
 }
