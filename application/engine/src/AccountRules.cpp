@@ -5,7 +5,6 @@
 #include <tlm/foundation/PresentationText.h>
 
 using fiscora::Currency;
-using tlm::accounting::AccountNumber;
 using tlm::banking::Bank;
 using tlm::foundation::presentationText;
 

@@ -162,8 +162,9 @@ void PostingsTally::requireIndexed() const
 PostingsTally::Entries PostingsTally::entriesOf(std::string const& query) const
 {
     Entries entries;
-    std::tuple<std::int64_t, std::string, std::int64_t> last{std::numeric_limits<std::int64_t>::min(), {}, 0};
-    auto& [lastAccount, lastDay, lastId] = last;
+    auto lastAccount = std::numeric_limits<std::int64_t>::min();
+    std::string lastDay;
+    std::int64_t lastId = 0;
     Walk row(database_, query);
     row.begin();
     while (row.next()) {
@@ -171,7 +172,8 @@ PostingsTally::Entries PostingsTally::entriesOf(std::string const& query) const
         auto const day = row.text(1);
         auto const id = row.integer(2);
         require(row.isInteger(0) && (row.isText(1) || row.isNull(1)), "an index with other values");
-        require(std::tie(lastAccount, lastDay, lastId) < std::tie(account, day, id), "an index without order");
+        require(std::tuple(lastAccount, std::string_view(lastDay), lastId) < std::tuple(account, day, id),
+                "an index without order");
         entries.add(account, day, id);
         lastAccount = account;
         lastDay = day;
