@@ -65,7 +65,7 @@ constexpr auto actsBetweenAudits = 100;
 /// \return how often the monkey acts in a view, from as many seeds as that takes
 int actsAltogether()
 {
-    constexpr auto usually = 2'000;
+    constexpr auto usually = 1'000;
     auto isGiven = false;
     auto const given = qEnvironmentVariableIntValue("TALLYMERE_MONKEY_ACTIONS", &isGiven);
     return isGiven ? given : usually;

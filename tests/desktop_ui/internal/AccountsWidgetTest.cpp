@@ -121,13 +121,13 @@ TEST_F(AccountsWidgetTest, EveryKindOfSelectionIsTold)
 
 TEST_F(AccountsWidgetTest, ARowFollowsWhatIsTypedOnceItIsLeftAndKeepsItsFormWhenItMoves)
 {
-    load({account(1, "A"), account(2, "B"), account(3, "C")});
+    load({account(10, "A"), account(20, "B"), account(30, "C")});
     auto& added = add("25", "Z");
     EXPECT_EQ(currentRow(), Entry::newEntryText());
 
-    select(row("3", "C"));
+    select(row("30", "C"));
 
-    EXPECT_THAT(rows(), ElementsAre(row("1", "A"), row("25", "Z"), row("2", "B"), row("3", "C")));
+    EXPECT_THAT(rows(), ElementsAre(row("10", "A"), row("20", "B"), row("25", "Z"), row("30", "C")));
     EXPECT_EQ(shown(), &form("C"));
     select(row("25", "Z"));
     EXPECT_EQ(shown(), &added);

@@ -1,5 +1,7 @@
 #include "BanksFixture.h"
 
+#include <tlm/foundation/PresentationText.h>
+
 #include <QHeaderView>
 
 #include <limits>
@@ -15,6 +17,10 @@ class BanksBalanceTest : public tlm::testing::BanksFixture
 {
 protected:
     QString balance(QString const& row) const { return this->row(row).text(1); }
+    static QString told(fiscora::Money const& money)
+    {
+        return tlm::foundation::presentationText(money, tlm::foundation::WithCurrency{});
+    }
     int widthOf(QString const& text) const
     {
         return static_cast<int>(text.size()) * tree().fontMetrics().averageCharWidth();
@@ -30,8 +36,8 @@ TEST_F(BanksBalanceTest, AParentCombinesItsOwnBalanceWithItsDirectChildren)
 
     load();
 
-    EXPECT_EQ(balance(text(100, "Everyday")), "1026.00 EUR");
-    EXPECT_EQ(balance(text(101, "Holiday")), "530.00 EUR");
+    EXPECT_EQ(balance(text(100, "Everyday")), told(euros(1026)));
+    EXPECT_EQ(balance(text(101, "Holiday")), told(euros(530)));
 }
 
 TEST_F(BanksBalanceTest, BanksAndAccountsWithoutChildrenSayNothing)
@@ -43,7 +49,7 @@ TEST_F(BanksBalanceTest, BanksAndAccountsWithoutChildrenSayNothing)
     EXPECT_EQ(balance("Aspen Bank"), "");
     EXPECT_EQ(balance(text(100, "Everyday")), "");
     EXPECT_EQ(balance(text(111, "Holiday")), "");
-    EXPECT_EQ(balance(text(110, "Rainy days")), "325.00 EUR");
+    EXPECT_EQ(balance(text(110, "Rainy days")), told(euros(325)));
 }
 
 TEST_F(BanksBalanceTest, TheColumnIsAsWideAsItsLongestText)
@@ -57,8 +63,8 @@ TEST_F(BanksBalanceTest, TheColumnIsAsWideAsItsLongestText)
     keep("Aspen Bank", code(121, "Small", 120));
     load();
 
-    ASSERT_EQ(balance(text(120, "Large")), "12345678901234.00 EUR");
-    EXPECT_EQ(tree().header()->sectionSize(1), widthOf("12345678901234.00 EUR"));
+    ASSERT_EQ(balance(text(120, "Large")), told(euros(12'345'678'901'234)));
+    EXPECT_EQ(tree().header()->sectionSize(1), widthOf(told(euros(12'345'678'901'234))));
 }
 
 TEST_F(BanksBalanceTest, IsReckonedOnce)
@@ -71,7 +77,7 @@ TEST_F(BanksBalanceTest, IsReckonedOnce)
     choose("Birch Bank");
     addAccount().click();
 
-    EXPECT_EQ(balance(text(110, "Rainy days")), "325.00 EUR");
+    EXPECT_EQ(balance(text(110, "Rainy days")), told(euros(325)));
     EXPECT_EQ(MessageLog::texts(QtInfoMsg).count("Calculating parent balances."), 0);
 }
 
@@ -120,7 +126,7 @@ TEST_F(BanksBalanceTest, NothingIsCutOffOnScreen)
 
     show();
 
-    auto const wanted = tree().fontMetrics().horizontalAdvance("12345678901234.00 EUR");
+    auto const wanted = tree().fontMetrics().horizontalAdvance(told(euros(12'345'678'901'234)));
     EXPECT_GT(tree().header()->sectionSize(1), wanted);
     EXPECT_GE(tree().header()->sectionSize(1), tree().header()->sectionSizeHint(1));
 }

@@ -43,11 +43,11 @@ TEST_F(BanksWidgetTest, NoBanksOpenOnOneNewBank)
 TEST_F(BanksWidgetTest, BanksHoldTheirAccountsAndTheseTheirSubAccountsInTheOrderOfTheirTexts)
 {
     keepTwoBanks();
-    keep("Aspen Bank", code(1000, "Large"));
+    keep("Aspen Bank", code(105, "Large"));
 
     load();
 
-    EXPECT_THAT(rows(), ElementsAre("Aspen Bank", "  " + text(1000, "Large"), "  " + text(100, "Everyday"),
+    EXPECT_THAT(rows(), ElementsAre("Aspen Bank", "  " + text(100, "Everyday"), "  " + text(105, "Large"),
                                     "  " + text(110, "Rainy days"), "    " + text(111, "Holiday"), "Birch Bank",
                                     "  " + text(200, "Card")));
     EXPECT_EQ(currentText(), "Aspen Bank");
