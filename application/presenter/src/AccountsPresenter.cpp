@@ -60,12 +60,13 @@ void AccountsPresenter::takeFirstStep(Code const& code, void (Household::*change
 void AccountsPresenter::onRecoded(Code const& current, Code const& changed)
 {
     walk_.goOn();
-    auto refusal = isAfterFirstStepOf(current.number()) ? firstStep_->refusal : Refusal();
+    auto const before = current; // what is told may be the very code that changes
+    auto refusal = isAfterFirstStepOf(before.number()) ? firstStep_->refusal : Refusal();
     if (!refusal) {
-        refusal = refusalOf(session_, [&](Household& household) { household.recode(current.number(), changed); });
+        refusal = refusalOf(session_, [&](Household& household) { household.recode(before.number(), changed); });
     }
-    answer(current, changed, refusal);
-    tellIfUnseen(current.number(), refusal);
+    answer(before, changed, refusal);
+    tellIfUnseen(before.number(), refusal);
 }
 
 void AccountsPresenter::onRemoved(Code const& code)

@@ -71,7 +71,7 @@ protected:
         return content().books.accounts.at(number);
     }
     bool hasAccount(AccountNumber const& number) const { return content().books.accounts.contains(number); }
-    AccountCode const& code(AccountNumber const& number) const { return account(number).code; }
+    AccountCode code(AccountNumber const& number) const { return account(number).code; }
 
     /// \return the number of the account called \a name
     /// \throws std::runtime_error when there is none
