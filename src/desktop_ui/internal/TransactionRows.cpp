@@ -223,7 +223,10 @@ void TransactionRows::scrollTo(Index index)
     }
     auto& entry = row(index);
     settle();
+    // An entry that is wider than the list would be moved aside, and its day out of sight.
+    auto const aside = area_.horizontalScrollBar()->value();
     area_.ensureWidgetVisible(&entry, scrollMargin, scrollMargin);
+    area_.horizontalScrollBar()->setValue(aside);
     fill();
 }
 

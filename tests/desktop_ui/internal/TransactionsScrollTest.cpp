@@ -33,6 +33,19 @@ TEST_F(TransactionsScrollTest, ALedgerOfOneDayScrollsToItsLastEntry)
     EXPECT_EQ(bar().value(), bar().maximum());
 }
 
+TEST_F(TransactionsScrollTest, ALedgerThatIsWiderThanTheListShowsItsDays)
+{
+    showOnScreen();
+    view->resize(600, view->height());
+    leadWith(20);
+
+    view->showLedger(bank);
+
+    ASSERT_GT(scroller().horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(scroller().horizontalScrollBar()->value(), 0);
+    EXPECT_GT(bar().value(), 0);
+}
+
 TEST_F(TransactionsScrollTest, OnlyAnEarlierEntryWithALowerNumberLeavesTheKeptOne)
 {
     showOnScreen();
