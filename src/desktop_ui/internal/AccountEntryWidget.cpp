@@ -1,5 +1,6 @@
 #include "internal/AccountEntryWidget.h"
 
+#include "internal/EntryForms.h"
 #include "internal/ParentNumbersModel.h"
 
 #include <QDebug>
@@ -57,7 +58,7 @@ AccountEntryWidget::AccountEntryWidget(std::optional<AccountCode> code, bool clo
       parents_(new ParentNumbersModel(numbers, numberOf(code_), this))
 {
     setupUi(this);
-    putLabelsAbove();
+    putLabelsAbove(*this);
     offerTypes();
     parentCmbbx->setModel(parents_.get());
     restrictNumber();
@@ -89,18 +90,7 @@ AccountEntryWidget::AccountEntryWidget(QtPtr<QWidget> const& parent)
 
 AccountEntryWidget::~AccountEntryWidget()
 {
-    // The base hides what ends on screen, and an entry that loses the focus by this tells that its editing ends.
-    for (auto const* const entry : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        entry->disconnect(this);
-    }
-}
-
-/// Each field has a layout of its own, so the fields line up only if no label takes room beside them.
-void AccountEntryWidget::putLabelsAbove()
-{
-    for (auto* const form : findChildren<QFormLayout*>()) {
-        form->setRowWrapPolicy(QFormLayout::WrapAllRows);
-    }
+    stopListening(*this);
 }
 
 void AccountEntryWidget::offerTypes()

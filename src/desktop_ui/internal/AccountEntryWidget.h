@@ -116,7 +116,6 @@ public:
     void resetDirty();
 
 private:
-    void putLabelsAbove();
     void offerTypes();
     void restrictNumber();
     void showTypes(std::optional<accounting::AccountTypes> const& type,

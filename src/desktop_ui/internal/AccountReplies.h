@@ -1,5 +1,7 @@
 #pragma once
 
+#include "internal/Distance.h"
+
 #include <tlm/accounting/AccountCode.h>
 
 #include <optional>
@@ -7,8 +9,7 @@
 /// Which form a reply about a ledger account means.
 ///
 /// A reply names an account by what people type. By then a form may show something else: a refused name, one that was
-/// changed since, or none. So each distance() tells how far a form, or what it sent, is from what a reply names: none when
-/// it can't be meant, and the less, the better.
+/// changed since, or none. So each distance() tells how far a form, or what it sent, is from what a reply names.
 namespace tlm::desktop_ui::internal {
 
 class AccountEntryWidget;
@@ -31,13 +32,13 @@ struct SentAccountChange
 };
 
 /// \param accepted as it is stored now
-std::optional<int> distance(AccountEntryWidget const& form, accounting::AccountCode const& accepted);
-std::optional<int> distance(SentAccountChange const& sent, accounting::AccountCode const& accepted);
+Distance distance(AccountEntryWidget const& form, accounting::AccountCode const& accepted);
+Distance distance(SentAccountChange const& sent, accounting::AccountCode const& accepted);
 
 /// \param original none for an account that isn't stored
 /// \param displayed what was refused, as far as it made a code
-std::optional<int> distance(AccountEntryWidget const& form, std::optional<accounting::AccountCode> const& original,
-                            std::optional<accounting::AccountCode> const& displayed);
-std::optional<int> distance(SentAccountChange const& sent, std::optional<accounting::AccountCode> const& original,
-                            std::optional<accounting::AccountCode> const& displayed);
+Distance distance(AccountEntryWidget const& form, std::optional<accounting::AccountCode> const& original,
+                  std::optional<accounting::AccountCode> const& displayed);
+Distance distance(SentAccountChange const& sent, std::optional<accounting::AccountCode> const& original,
+                  std::optional<accounting::AccountCode> const& displayed);
 }

@@ -101,9 +101,9 @@ public:
         AccountEntryWidget* nearest = nullptr;
         std::tuple<bool, int, bool> least;
         for (auto const& row : rows_) {
-            auto const sent = row->awaited.empty() ? std::nullopt : distance(row->awaited.front());
-            auto const shown = tried([&] { return distance(*row->form); }, std::optional<int>());
-            auto const found = sent && shown ? std::min(sent, shown) : (sent ? sent : shown);
+            auto const sent = row->awaited.empty() ? Distance() : distance(row->awaited.front());
+            auto const shown = tried([&] { return distance(*row->form); }, Distance());
+            auto const found = lesser(sent, shown);
             if (!found) {
                 continue;
             }

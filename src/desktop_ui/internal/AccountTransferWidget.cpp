@@ -1,5 +1,7 @@
 #include "internal/AccountTransferWidget.h"
 
+#include "internal/Views.h"
+
 #include <tlm/banking/AccountNumberBankType.h>
 
 #include <QDebug>
@@ -149,8 +151,6 @@ void AccountTransferWidget::onSaveFailed(std::optional<TransactionNumber> const&
 bool AccountTransferWidget::close()
 {
     qInfo() << "The account money transfer widget is about to close.";
-    QtPtr<AccountTransferWidget> const self = this;
-    emit closing();
-    return !self || QWidget::close();
+    return tellAndClose(this);
 }
 }

@@ -2,6 +2,7 @@
 
 #include "internal/AccountEntryWidget.h"
 #include "internal/TabStops.h"
+#include "internal/Views.h"
 
 #include <tlm/foundation/Error.h>
 
@@ -37,19 +38,6 @@ bool belongs(QString const& text, AccountEntryWidget const& form)
     auto const name = form.name();
     return pieces.front().toUInt() == form.number() && (name.isEmpty() || pieces.at(1) == name);
 }
-
-void logChange(QListWidgetItem const* current, QListWidgetItem const* previous)
-{
-    if (current == nullptr && previous == nullptr) {
-        qInfo() << "Changing displayed account from nothing to nothing.";
-    } else if (previous == nullptr) {
-        qInfo() << "Changing displayed account from nothing to" << current->text();
-    } else if (current == nullptr) {
-        qInfo() << "Changing displayed account from" << previous->text() << "to nothing.";
-    } else {
-        qInfo() << "Changing displayed account from" << previous->text() << "to" << current->text();
-    }
-}
 }
 
 AccountsWidget::AccountsWidget(std::set<Account> const& accounts, std::set<fiscora::Currency> usable,
@@ -64,10 +52,7 @@ AccountsWidget::AccountsWidget(std::set<Account> const& accounts, std::set<fisco
     if (accounts.empty()) {
         addEntry(std::nullopt);
     }
-    addBttn_ = saveDiscardBttnbx->addButton(tr("&Add"), QDialogButtonBox::ActionRole);
-    if (!addBttn_) {
-        throw Error(tr("Failed to create the add push button."));
-    }
+    addBttn_ = addButton(*saveDiscardBttnbx, tr("&Add"), tr("Failed to create the add push button."));
     leadTabFromListToForms();
     displayAccount(accountCodesLstwdgt->currentItem());
     connect(accountCodesLstwdgt, &QListWidget::currentItemChanged, this, &AccountsWidget::accountSelectionChanged);
@@ -82,9 +67,7 @@ AccountsWidget::~AccountsWidget()
 
 bool AccountsWidget::close()
 {
-    QtPtr<AccountsWidget> const self = this;
-    emit closing();
-    return !self || QWidget::close();
+    return tellAndClose(this);
 }
 
 auto AccountsWidget::addEntry(std::optional<Account> const& account) -> Form
@@ -162,7 +145,8 @@ void AccountsWidget::followTyping(Form const& form)
 void AccountsWidget::accountSelectionChanged(QtPtr<QListWidgetItem> const& current,
                                              QtPtr<QListWidgetItem> const& previous)
 {
-    logChange(current.get(), previous.get());
+    auto const text = [](auto const& row) { return row ? std::optional(row->text()) : std::nullopt; };
+    logDisplayed("account", text(previous), text(current));
     // A form stays on view without a row that is current after Save, and is typed into like any other.
     if (auto const before = displayed()) {
         followTyping(before);

@@ -3,8 +3,6 @@
 #include "internal/AccountEntryWidget.h"
 #include "internal/BankEntryWidget.h"
 
-#include <algorithm>
-
 namespace tlm::desktop_ui::internal {
 
 using accounting::AccountCode;
@@ -12,8 +10,6 @@ using accounting::AccountNumber;
 using banking::BankName;
 
 namespace {
-
-using Distance = std::optional<int>;
 
 /// \return 0 where the number or the whole text tells that it is this account
 Distance distanceOfKnown(QString const& text, AccountEntryWidget const& form, AccountCode const& code)
@@ -29,12 +25,6 @@ Distance distanceOfName(QString const& text, QString const& name)
         return 0;
     }
     return !name.isEmpty() && text.simplified() == name.simplified() ? Distance(1) : std::nullopt;
-}
-
-/// \return whichever of the two distances is less
-Distance lesser(Distance const& one, Distance const& other)
-{
-    return one && other ? std::min(one, other) : (one ? one : other);
 }
 
 /// \return how far what the row says, or is going to say, is from \a name

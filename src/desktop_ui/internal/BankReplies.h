@@ -1,5 +1,7 @@
 #pragma once
 
+#include "internal/Distance.h"
+
 #include <tlm/accounting/AccountCode.h>
 #include <tlm/banking/BankName.h>
 
@@ -10,25 +12,23 @@
 /// Whom a reply is about.
 ///
 /// A reply names a thing by texts that people type, and by then a row may show another one: a refused name, one that was
-/// changed since, or none. So each of these tells how far a form, whose row says \a text, is from what a reply names: none
-/// when it can't be meant, and the less, the better.
+/// changed since, or none. So each of these tells how far a form, whose row says \a text, is from what a reply names.
 namespace tlm::desktop_ui::internal {
 
 class AccountEntryWidget;
 class BankEntryWidget;
 
 /// \param code a default one stands for an account without a name
-std::optional<int> distance(QString const& text, AccountEntryWidget const& form, accounting::AccountCode const& code);
+Distance distance(QString const& text, AccountEntryWidget const& form, accounting::AccountCode const& code);
 
 /// Takes what a refusal names.
-std::optional<int> distance(QString const& text, AccountEntryWidget const& form,
-                            std::optional<accounting::AccountCode> const& original,
-                            std::optional<accounting::AccountCode> const& displayed);
+Distance distance(QString const& text, AccountEntryWidget const& form,
+                  std::optional<accounting::AccountCode> const& original,
+                  std::optional<accounting::AccountCode> const& displayed);
 
-std::optional<int> distance(QString const& text, BankEntryWidget const& form, banking::BankName const& name);
+Distance distance(QString const& text, BankEntryWidget const& form, banking::BankName const& name);
 
 /// Takes what a refusal names.
-std::optional<int> distance(QString const& text, BankEntryWidget const& form,
-                            std::optional<banking::BankName> const& original,
-                            std::optional<banking::BankName> const& displayed);
+Distance distance(QString const& text, BankEntryWidget const& form, std::optional<banking::BankName> const& original,
+                  std::optional<banking::BankName> const& displayed);
 }

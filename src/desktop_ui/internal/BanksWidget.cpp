@@ -4,6 +4,7 @@
 #include "internal/BankEntryWidget.h"
 #include "internal/BankNameWidget.h"
 #include "internal/TabStops.h"
+#include "internal/Views.h"
 
 #include <tlm/foundation/Error.h>
 #include <tlm/foundation/PresentationText.h>
@@ -128,14 +129,9 @@ void BanksWidget::load(banking::BankMap const& banks, std::set<Account> const& a
 
 void BanksWidget::addButtons()
 {
-    addBankBttn_ = saveDiscardBttnbx->addButton(tr("&Add Bank"), QDialogButtonBox::ActionRole);
-    if (!addBankBttn_) {
-        throw Error(tr("Failed to create the add bank push button."));
-    }
-    addAccountBttn_ = saveDiscardBttnbx->addButton(tr("Add A&ccount"), QDialogButtonBox::ActionRole);
-    if (!addAccountBttn_) {
-        throw Error(tr("Failed to create the add bank account push button."));
-    }
+    auto& box = *saveDiscardBttnbx;
+    addBankBttn_ = addButton(box, tr("&Add Bank"), tr("Failed to create the add bank push button."));
+    addAccountBttn_ = addButton(box, tr("Add A&ccount"), tr("Failed to create the add bank account push button."));
 }
 
 void BanksWidget::layOutColumns()
@@ -251,9 +247,7 @@ void BanksWidget::takeUp()
 
 bool BanksWidget::close()
 {
-    QtPtr<BanksWidget> const self = this;
-    emit closing();
-    return !self || QWidget::close();
+    return tellAndClose(this);
 }
 
 void BanksWidget::onClicked(QtPtr<QAbstractButton> const& button)
@@ -284,15 +278,8 @@ auto BanksWidget::currentBank() const -> Row
 
 void BanksWidget::onCurrentItemChanged(QtPtr<QTreeWidgetItem> const& current, QtPtr<QTreeWidgetItem> const& previous)
 {
-    if (!previous && !current) {
-        qInfo() << "Changing displayed bank from nothing to nothing.";
-    } else if (!previous) {
-        qInfo() << "Changing displayed bank from nothing to" << told(*current);
-    } else if (!current) {
-        qInfo() << "Changing displayed bank from" << told(*previous) << "to nothing.";
-    } else {
-        qInfo() << "Changing displayed bank from" << told(*previous) << "to" << told(*current);
-    }
+    auto const text = [](auto const& row) { return row ? std::optional(told(*row)) : std::nullopt; };
+    logDisplayed("bank", text(previous), text(current));
     if (previous) {
         conceal(previous.get());
     }

@@ -2,6 +2,7 @@
 
 #include "internal/BankAccountsWidget.h"
 #include "internal/BudgetedMoneyExtras.h"
+#include "internal/EntryForms.h"
 #include "internal/KnownAccounts.h"
 
 #include <tlm/budgeting/Debt.h>
@@ -41,7 +42,7 @@ BudgetedDebtEntryWidget::BudgetedDebtEntryWidget(std::set<banking::BankName> con
     bankAccounts_ = extras.addBankAccounts(tr("Account from which the debt was borrowed"), banks, known,
                                            accounting::AccountTypes::Liability);
     bankAccounts_->hideAccount();
-    putLabelsAbove();
+    putLabelsAbove(*this);
     join();
 }
 

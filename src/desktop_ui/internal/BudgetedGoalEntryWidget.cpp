@@ -3,6 +3,7 @@
 #include "internal/BankAccountsWidget.h"
 #include "internal/BudgetedMoneyExtras.h"
 #include "internal/DisableSignalsTemporarily.h"
+#include "internal/EntryForms.h"
 #include "internal/KnownAccounts.h"
 
 #include <tlm/budgeting/Accumulate.h>
@@ -60,7 +61,7 @@ BudgetedGoalEntryWidget::BudgetedGoalEntryWidget(std::set<BankName> const& banks
     wagesPercentage_ =
         extras.addPercentage(wagesPercentageLabel_, tr("Monthly goal amount as a percentage of total monthly wages"));
     wagesPercentage_->setSuffix(QStringLiteral("%"));
-    putLabelsAbove();
+    putLabelsAbove(*this);
     join();
 }
 

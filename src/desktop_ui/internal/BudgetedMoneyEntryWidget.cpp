@@ -1,5 +1,7 @@
 #include "internal/BudgetedMoneyEntryWidget.h"
 
+#include "internal/EntryForms.h"
+
 #include <QDebug>
 
 namespace tlm::desktop_ui::internal {
@@ -13,7 +15,7 @@ BudgetedMoneyEntryWidget::BudgetedMoneyEntryWidget(std::set<fiscora::Currency> c
     : QWidget(parent.get())
 {
     setupUi(this);
-    putLabelsAbove();
+    putLabelsAbove(*this);
     errorWdgt->showMessage(std::nullopt); // its form comes with a text
     perPeriodWdgt->setUsableCurrencies(usable, displayAs);
     nextOccurOnDtdt->setDate(QDate::currentDate());
@@ -22,18 +24,7 @@ BudgetedMoneyEntryWidget::BudgetedMoneyEntryWidget(std::set<fiscora::Currency> c
 
 BudgetedMoneyEntryWidget::~BudgetedMoneyEntryWidget()
 {
-    // The base hides what ends on screen, and an entry that loses the focus by this tells that its editing ends.
-    for (auto const* const entry : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        entry->disconnect(this);
-    }
-}
-
-/// The rows of a view stand below each other, so their fields line up at any width only if no label takes room beside them.
-void BudgetedMoneyEntryWidget::putLabelsAbove()
-{
-    for (auto* const form : findChildren<QFormLayout*>()) {
-        form->setRowWrapPolicy(QFormLayout::WrapAllRows);
-    }
+    stopListening(*this);
 }
 
 void BudgetedMoneyEntryWidget::join()

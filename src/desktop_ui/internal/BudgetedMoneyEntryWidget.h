@@ -88,7 +88,6 @@ protected:
     using Ui::BudgetedMoneyEntryWidget::sourceLndt;
 
     /// Puts the label of each field made so far above it.
-    void putLabelsAbove();
 
     /// Joins \a signal of \a entry to what an edit does that can move the view's total.
     template <typename Entry, typename Signal>

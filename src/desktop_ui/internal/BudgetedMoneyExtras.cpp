@@ -2,6 +2,7 @@
 
 #include "internal/BankAccountsWidget.h"
 #include "internal/KnownAccounts.h"
+#include "internal/TabStops.h"
 #include "tlm/desktop_ui/MoneyEntryWidget.h"
 
 #include <QDoubleSpinBox>
@@ -30,20 +31,6 @@ std::set<BankAccountTypes> typesKeptAs(AccountTypes ledger)
         }
     }
     return kept;
-}
-
-/// \return \a entry, or what it holds, as far as Tab stops there, in order
-std::vector<QWidget*> tabStopsOf(QWidget& entry)
-{
-    std::vector<QWidget*> stops;
-    auto* part = &entry;
-    do {
-        if (part->focusPolicy() != Qt::NoFocus && part->focusProxy() == nullptr) {
-            stops.push_back(part);
-        }
-        part = part->nextInFocusChain();
-    } while (entry.isAncestorOf(part));
-    return stops;
 }
 }
 
@@ -94,7 +81,7 @@ QtPtr<BankAccountsWidget> BudgetedMoneyExtras::addBankAccounts(QString const& to
 
 void BudgetedMoneyExtras::leadTabTo(QWidget& entry)
 {
-    for (auto* const stop : tabStopsOf(entry)) {
+    for (auto* const stop : tabStopsOfNew(entry)) {
         QWidget::setTabOrder(last_, stop);
         last_ = stop;
     }

@@ -1,6 +1,7 @@
 #include "internal/BudgetedMoniesWidget.h"
 
 #include "internal/TabStops.h"
+#include "internal/Views.h"
 #include "tlm/desktop_ui/DataEntryError.h"
 
 #include <fiscora/Accumulate.h>
@@ -63,10 +64,7 @@ BudgetedMoniesWidget::BudgetedMoniesWidget(QString const& heading, std::unique_p
     totalMnyntr->setReadOnly(true);
     updateTotal();
     connect(saveDiscardBttnbx, &QDialogButtonBox::clicked, this, &BudgetedMoniesWidget::onClicked);
-    addButton_ = saveDiscardBttnbx->addButton(tr("&Add"), QDialogButtonBox::ActionRole);
-    if (!addButton_) {
-        throw Error(tr("Failed to create the add push button."));
-    }
+    addButton_ = addButton(*saveDiscardBttnbx, tr("&Add"), tr("Failed to create the add push button."));
     connect(qApp, &QApplication::focusChanged, this, &BudgetedMoniesWidget::onFocusChanged);
 }
 
@@ -81,9 +79,7 @@ BudgetedMoniesWidget::~BudgetedMoniesWidget()
 bool BudgetedMoniesWidget::close()
 {
     qInfo() << "The budgeted monies widget is about to close.";
-    QtPtr<BudgetedMoniesWidget> const self = this;
-    emit closing();
-    return !self || QWidget::close();
+    return tellAndClose(this);
 }
 
 void BudgetedMoniesWidget::onSaveSucceeded(GuiElementIdentifier const& id, BudgetSource const& source)

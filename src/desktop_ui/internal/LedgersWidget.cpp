@@ -1,6 +1,7 @@
 #include "internal/LedgersWidget.h"
 
 #include "internal/TransactionWidget.h"
+#include "internal/Views.h"
 
 #include <tlm/accounting/AccountTypes.h>
 #include <tlm/foundation/Error.h>
@@ -74,10 +75,7 @@ LedgersWidget::LedgersWidget(std::set<Account> accounts, std::set<fiscora::Curre
     ledgersTrwdgt->sortItems(0, Qt::AscendingOrder);
     makeRoomForTexts(*ledgersTrwdgt);
     connect(ledgersTrwdgt, &QTreeWidget::currentItemChanged, this, &LedgersWidget::handleSelectedAccount);
-    addBttn_ = saveDiscardDlgbttnbx->addButton(tr("&Add"), QDialogButtonBox::ActionRole);
-    if (!addBttn_) {
-        throw foundation::Error(tr("Failed to create the add push button."));
-    }
+    addBttn_ = addButton(*saveDiscardDlgbttnbx, tr("&Add"), tr("Failed to create the add push button."));
     addBttn_->setEnabled(false);
     connect(saveDiscardDlgbttnbx, &QDialogButtonBox::clicked, this, &LedgersWidget::onClicked);
 }
@@ -151,9 +149,7 @@ void LedgersWidget::onShowLedger(LedgerAccount const& ledger)
 
 bool LedgersWidget::close()
 {
-    QtPtr<LedgersWidget> const self = this;
-    emit closing();
-    return !self || QWidget::close();
+    return tellAndClose(this);
 }
 
 void LedgersWidget::onClicked(QtPtr<QAbstractButton> const& button)

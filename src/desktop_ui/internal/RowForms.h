@@ -1,5 +1,7 @@
 #pragma once
 
+#include "internal/Distance.h"
+
 #include <tlm/foundation/QtPtr.h>
 
 #include <QString>
@@ -7,7 +9,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -22,9 +23,6 @@ template <typename Form>
 class RowForms
 {
 public:
-    /// How far a row is from what is looked for: none when it isn't it, and the less, the better.
-    using Distance = std::optional<int>;
-
     /// \param row and \a form stay until remove()
     void add(QTreeWidgetItem* row, Form* form)
     {
@@ -119,7 +117,7 @@ private:
         auto const shown = distance(row.text(0), form);
         auto const& sentText = rowOf_.at(&form).sentText;
         auto const sent = sentText.isNull() ? Distance() : distance(sentText, form);
-        return shown && sent ? std::min(shown, sent) : (shown ? shown : sent);
+        return lesser(shown, sent);
     }
 
     std::vector<std::pair<foundation::QtPtr<QTreeWidgetItem>, foundation::QtPtr<Form>>> pairs_;

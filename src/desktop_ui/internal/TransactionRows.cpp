@@ -1,5 +1,7 @@
 #include "internal/TransactionRows.h"
 
+#include "internal/TabStops.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QScrollBar>
@@ -15,18 +17,6 @@ using foundation::ScopeExecutor;
 namespace {
 
 constexpr auto scrollMargin = 50;
-
-/// \return what the Tab key stops at inside \a row, which has just been made, so that all of it still stands together
-std::vector<QWidget*> tabStops(TransactionWidget const& row)
-{
-    std::vector<QWidget*> stops;
-    for (auto* part = row.nextInFocusChain(); row.isAncestorOf(part); part = part->nextInFocusChain()) {
-        if ((part->focusPolicy() & Qt::TabFocus) != 0 && part->focusProxy() == nullptr) {
-            stops.push_back(part);
-        }
-    }
-    return stops;
-}
 
 /// \return what can take the focus ahead of \a stop; Qt puts nothing behind what can't
 QWidget* lastStopBefore(QWidget const& stop)
@@ -125,9 +115,9 @@ void TransactionRows::insertRow(int place, Index index)
 }
 
 /// What was made last comes last by itself.
-void TransactionRows::linkTabs(Index index, TransactionWidget const& row)
+void TransactionRows::linkTabs(Index index, TransactionWidget& row)
 {
-    auto const stops = tabStops(row);
+    auto const stops = tabStopsOfNew(row);
     auto const place = rows_.insert_or_assign(index, TabStops{stops.front(), stops.back()}).first;
     auto const next = std::next(place);
     if (next == rows_.end() || !next->second.first) {

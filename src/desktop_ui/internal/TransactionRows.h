@@ -73,7 +73,7 @@ private:
     foundation::ScopeExecutor holdLayout();
     void lengthen(Index index);
     void insertRow(int place, Index index);
-    void linkTabs(Index index, TransactionWidget const& row);
+    void linkTabs(Index index, TransactionWidget& row);
     void forget(Index index);
 
     bool build(std::vector<Index> const& wanted);

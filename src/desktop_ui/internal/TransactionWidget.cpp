@@ -1,6 +1,7 @@
 #include "internal/TransactionWidget.h"
 
 #include "internal/ComboBoxes.h"
+#include "internal/EntryForms.h"
 #include "internal/OtherAccounts.h"
 #include "internal/TextListModel.h"
 
@@ -96,10 +97,7 @@ TransactionWidget::TransactionWidget(Transaction const& txn, AccountCode const& 
 
 TransactionWidget::~TransactionWidget()
 {
-    // The base hides what ends on screen, and a field that loses the focus by this tells that its editing ends.
-    for (auto const* const entry : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        entry->disconnect(this);
-    }
+    stopListening(*this);
 }
 
 /// The form puts the boxes behind the amount, which takes no focus itself: Qt leaves them where they were made, ahead of all.
