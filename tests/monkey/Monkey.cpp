@@ -7,6 +7,7 @@
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -78,6 +79,7 @@ void Monkey::act()
         }
         (this->*anyTrick())();
     }
+    finishTypedDate();
     settle();
     blocked_.stop();
 }
@@ -350,6 +352,16 @@ void Monkey::playInPopup(QWidget& popup)
     static constexpr std::array keys{Qt::Key_Down,   Qt::Key_Down,   Qt::Key_Up,    Qt::Key_End,    Qt::Key_Home,
                                      Qt::Key_Return, Qt::Key_Return, Qt::Key_Space, Qt::Key_Escape, Qt::Key_PageDown};
     key(chance_.pick(keys));
+}
+
+/// Qt loses what it holds of a date that is being typed when its calendar goes away.
+void Monkey::finishTypedDate()
+{
+    auto const* const popup = QApplication::activePopupWidget();
+    auto const* const calendar = popup == nullptr ? nullptr : popup->findChild<QCalendarWidget*>();
+    if (calendar != nullptr && calendar->findChild<QLabel*>() != nullptr) {
+        key(Qt::Key_Escape);
+    }
 }
 
 void Monkey::answer(QWidget& question)

@@ -57,6 +57,7 @@ private:
     void saveFile();
     void rest();
     void playInPopup(QWidget& popup);
+    void finishTypedDate();
     void answer(QWidget& question);
 
     QWidget& view() const;
