@@ -5,15 +5,16 @@
 
 #include <QDebug>
 
-#include <memory>
-
 namespace tlm::desktop_ui {
+
+using foundation::QtPtr;
+using internal::LedgersWidget;
 
 namespace {
 
-void join(internal::LedgersWidget& view, MainWindow& window)
+void join(LedgersWidget& view, MainWindow& window)
 {
-    using View = internal::LedgersWidget;
+    using View = LedgersWidget;
     QObject::connect(&view, &View::selectedLedger, &window, &MainWindow::selectedLedger);
     QObject::connect(&window, &MainWindow::showLedger, &view, &View::onShowLedger);
     QObject::connect(&view, &View::removedTransaction, &window, &MainWindow::removedTransaction);
@@ -25,7 +26,7 @@ void join(internal::LedgersWidget& view, MainWindow& window)
     QObject::connect(&window, &MainWindow::transactionSaveFailed, &view, &View::onSaveFailed);
     QObject::connect(&view, &View::closing, &window, &MainWindow::prepareShowDashboard);
 }
-} // namespace
+}
 
 void MainWindow::onShowLedgers(std::set<accounting::Account> const& accounts,
                                std::set<fiscora::Currency> const& usableCurrencies,
@@ -33,8 +34,8 @@ void MainWindow::onShowLedgers(std::set<accounting::Account> const& accounts,
 {
     qInfo() << "Showing Ledgers Widget.";
     auto const everydayTerms = configuration_.usesEverydayTerms || !configuration_.isAccounting;
-    auto view = std::make_unique<internal::LedgersWidget>(accounts, usableCurrencies, displayAs, everydayTerms, this);
+    QtPtr<LedgersWidget> const view = new LedgersWidget(accounts, usableCurrencies, displayAs, everydayTerms, this);
     join(*view, *this);
-    setCentralWidget(view.release());
+    setCentralWidget(view.get());
 }
-} // namespace tlm::desktop_ui
+}
