@@ -52,7 +52,9 @@ std::variant<StartOptions, Answer> readCommandLine(QStringList const& arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(translated("Plans a household budget and keeps its books."));
-    auto const help = parser.addHelpOption();
+    // Qt's own help option comes with one for Qt's options, none of which this program takes.
+    QCommandLineOption const help({QStringLiteral("h"), QStringLiteral("help")}, translated("Show this help."));
+    parser.addOption(help);
     auto const version = parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("file"), translated("The budget file to open."),
                                  QStringLiteral("[FILE.budget]"));

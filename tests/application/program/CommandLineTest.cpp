@@ -1,5 +1,7 @@
 #include <program/CommandLine.h>
 
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 namespace tallymere::program {
@@ -53,6 +55,20 @@ TEST(CommandLineTest, HelpNamesEveryOption)
     }
 }
 
+TEST(CommandLineTest, EveryOptionOfTheHelpIsTaken)
+{
+    QRegularExpression const option("(?<![\\w-])-{1,2}[a-z][a-z-]*");
+
+    for (auto found = option.globalMatch(answer({"--help"}).text); found.hasNext();) {
+        auto const argument = found.next().captured();
+        auto const asked = readCommandLine({"tallymere", argument});
+        auto const* const told = std::get_if<Answer>(&asked);
+
+        EXPECT_TRUE(told == nullptr ? std::get<StartOptions>(asked) != StartOptions{} : told->exitStatus == 0)
+            << argument.toStdString();
+    }
+}
+
 TEST(CommandLineTest, VersionNamesTheProgramAndItsVersion)
 {
     QCoreApplication::setApplicationName("tallymere");
@@ -82,7 +98,8 @@ TEST_P(WrongArgumentTest, GetsOneSentenceAndStatusTwo)
 }
 
 INSTANTIATE_TEST_SUITE_P(CommandLine, WrongArgumentTest,
-                         ::testing::Values(Wrong{{"--colour"}, "colour"}, Wrong{{"a.budget", "b.budget"}, "one budget"},
+                         ::testing::Values(Wrong{{"--colour"}, "colour"}, Wrong{{"--help-all"}, "help-all"},
+                                           Wrong{{"a.budget", "b.budget"}, "one budget"},
                                            Wrong{{"--sample", "a.budget"}, "--sample"},
                                            Wrong{{"--accounting", "--planning"}, "--planning"}));
 }
