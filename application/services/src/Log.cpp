@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
 #include <spdlog/sinks/rotating_file_sink.h>
 #include <spdlog/spdlog.h>
 
@@ -34,6 +35,16 @@ spdlog::level::level_enum levelOf(QtMsgType type)
     return spdlog::level::err;
 }
 
+/// Each file of the log is the person's alone, those that begin when one is full among them.
+spdlog::file_event_handlers keepPrivate()
+{
+    spdlog::file_event_handlers handlers;
+    handlers.after_open = [](spdlog::filename_t const& name, std::FILE* /*opened*/) {
+        QFile::setPermissions(QFile::decodeName(name.c_str()), QFile::ReadOwner | QFile::WriteOwner);
+    };
+    return handlers;
+}
+
 void logToFileToo(QtMsgType type, QMessageLogContext const& context, QString const& text)
 {
     spdlog::default_logger_raw()->log(levelOf(type), text.toStdString());
@@ -53,8 +64,8 @@ void startLogFile(QString const& filePathName)
     try {
         QDir().mkpath(QFileInfo(filePathName).absolutePath());
         auto const name = QFile::encodeName(filePathName).toStdString();
-        auto sink = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(name, mostBytes, mostOldFiles);
-        QFile::setPermissions(filePathName, QFile::ReadOwner | QFile::WriteOwner);
+        auto sink =
+            std::make_shared<spdlog::sinks::rotating_file_sink_mt>(name, mostBytes, mostOldFiles, false, keepPrivate());
         auto logger = std::make_shared<spdlog::logger>("tallymere", std::move(sink));
         logger->set_level(spdlog::level::info);
         logger->flush_on(spdlog::level::warn);

@@ -22,6 +22,20 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    static bool isPrivate(QString const& path)
+    {
+        auto const others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        return QFileInfo::exists(path) && !QFileInfo(path).permissions().testAnyFlags(others);
+    }
+
+    static void fill(int mebibytes)
+    {
+        auto const line = QString(1000, 'x');
+        for (auto written = 0; written < mebibytes * 1024; ++written) {
+            qInfo().noquote() << line;
+        }
+    }
+
     tlm::testing::Home home;
     QString path = home.path("state/tallymere/tallymere.log");
 };
@@ -52,23 +66,29 @@ TEST_F(LogTest, IsPrivateToItsOwner)
 {
     startLogFile(path);
 
-    EXPECT_EQ(QFileInfo(path).permissions() &
-                  (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
-              QFile::Permissions());
+    EXPECT_TRUE(isPrivate(path));
 }
 
 TEST_F(LogTest, PutsAFullFileAsideAndKeepsThreeOfThem)
 {
     startLogFile(path);
-    auto const line = QString(1000, 'x');
 
-    for (int written = 0; written < 6 * 1024; ++written) {
-        qInfo().noquote() << line;
-    }
+    fill(6);
 
     EXPECT_LE(QFileInfo(path).size(), 1024 * 1024);
     EXPECT_TRUE(QFileInfo::exists(home.path("state/tallymere/tallymere.3.log")));
     EXPECT_FALSE(QFileInfo::exists(home.path("state/tallymere/tallymere.4.log")));
+}
+
+TEST_F(LogTest, StaysPrivateWhenAFullFileIsPutAside)
+{
+    startLogFile(path);
+
+    fill(2);
+
+    EXPECT_TRUE(isPrivate(path));
+    EXPECT_TRUE(isPrivate(home.path("state/tallymere/tallymere.1.log")));
+    EXPECT_TRUE(isPrivate(home.path("state/tallymere/tallymere.2.log")));
 }
 
 TEST_F(LogTest, AFileThatCannotBeWrittenIsToldAndTheProgramGoesOn)
