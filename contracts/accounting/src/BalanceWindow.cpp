@@ -67,6 +67,13 @@ Wide stepOf(ByMajorUnit const& byMajorUnit, Currency const& code)
 }
 }
 
+QDebug operator<<(QDebug debug, ByMajorUnit const& byMajorUnit)
+{
+    QDebugStateSaver const saver(debug);
+    debug.nospace() << "ByMajorUnit(" << byMajorUnit.isByMajorUnit << ')';
+    return debug;
+}
+
 bool isWithinWindow(Money const& value, foundation::Percentage const& window, Money const& target,
                     ByMajorUnit const& byMajorUnit)
 {

@@ -150,3 +150,12 @@ TEST(BalanceWindowLimitsTest, DifferentCurrenciesAreRefused)
     EXPECT_THROW(isWithinWindow(stored(1), whole, stored(1, Currency::JPY), exactly), std::invalid_argument);
     EXPECT_THROW(isDifferenceWithinWindow(stored(0, Currency::JPY), whole, stored(1), byUnits), std::invalid_argument);
 }
+
+TEST(ByMajorUnitTest, IsLoggedWithWhatItSays)
+{
+    QString log;
+
+    QDebug(&log) << exactly << byUnits;
+
+    EXPECT_EQ(log.trimmed(), "ByMajorUnit(false) ByMajorUnit(true)");
+}

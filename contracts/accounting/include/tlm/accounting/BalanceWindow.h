@@ -3,6 +3,8 @@
 #include <fiscora/Money.h>
 #include <tlm/foundation/Percentage.h>
 
+#include <QDebug>
+
 namespace tlm::accounting {
 
 /// Whether a window check looks at whole units alone.
@@ -10,6 +12,8 @@ struct ByMajorUnit
 {
     bool isByMajorUnit = false;
 };
+
+QDebug operator<<(QDebug debug, ByMajorUnit const& byMajorUnit);
 
 /// Tells whether \a value lies at most \a window percent of \a target away from \a target, on either side.
 ///
