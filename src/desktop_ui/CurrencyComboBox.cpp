@@ -15,7 +15,6 @@ using navigation::CurrencyDisplayOptions;
 
 namespace {
 
-constexpr Currency noCurrency{999};
 constexpr int blankRow = 0;
 }
 
@@ -104,7 +103,7 @@ void CurrencyComboBox::showPopup()
 
 void CurrencyComboBox::setCurrentCode(Currency code)
 {
-    if (code == noCurrency) {
+    if (code == Currency::XXX) {
         setCurrentIndex(blankRow);
     } else {
         setCurrentText(toDisplayable(code, offer_->displayAs));

@@ -19,8 +19,6 @@ using fiscora::Money;
 
 namespace {
 
-constexpr Currency noCurrency{999};
-
 char decimalPoint()
 {
     static auto const point = QLocale().decimalPoint().front().toLatin1();
@@ -238,28 +236,31 @@ void MoneyEntryWidget::tellChangedAmount()
         emit moneyChanged(Money());
         return;
     }
-    try {
-        auto const currency = codeCmbbx->currentCode();
-        emit moneyChanged(toMoney(text, currency));
-    } catch (std::exception const& failure) {
-        qWarning() << "The changed money value does not create a valid money type." << failure.what();
-        emit moneyChanged(Money());
-    }
+    tell([&] { return toMoney(text, codeCmbbx->currentCode()); },
+         "The changed money value does not create a valid money type.");
 }
 
 void MoneyEntryWidget::tellChangedCurrency()
 {
-    try {
+    auto const read = [this] {
         auto const text = amountLndt->text();
         auto const currency = codeCmbbx->currentCode();
-        if (currency == noCurrency || text.isEmpty()) {
+        if (currency == Currency::XXX || text.isEmpty()) {
             qInfo() << "The changed currency index results in an empty money amount.";
-            emit moneyChanged(Money());
-            return;
+            return Money();
         }
-        emit moneyChanged(toMoney(text, currency));
-    } catch (std::exception const& failure) {
-        qWarning() << "The changed currency index does not create a valid money type." << failure.what();
+        return toMoney(text, currency);
+    };
+    tell(read, "The changed currency index does not create a valid money type.");
+}
+
+template <typename Read>
+void MoneyEntryWidget::tell(Read const& read, char const* failure)
+{
+    try {
+        emit moneyChanged(read());
+    } catch (std::exception const& cause) {
+        qWarning() << failure << cause.what();
         emit moneyChanged(Money());
     }
 }

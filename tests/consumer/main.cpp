@@ -1,8 +1,4 @@
-#include <tlm/adviser/BudgetHealth.h>
-#include <tlm/budgeting/BudgetItemAmountDue.h>
-#include <tlm/budgeting/BudgetTotals.h>
 #include <tlm/desktop_ui/MainWindow.h>
-#include <tlm/navigation/ConfigurationOptions.h>
 
 #include <QApplication>
 #include <QTimer>

@@ -1,9 +1,14 @@
 #include <fiscora/Money.h>
+#include <tlm/accounting/Account.h>
+#include <tlm/accounting/TransactionNumber.h>
 #include <tlm/adviser/BudgetHealth.h>
 #include <tlm/budgeting/BudgetItemAmountDue.h>
 #include <tlm/budgeting/BudgetTotals.h>
+#include <tlm/budgeting/BudgetedMoneyMap.h>
 #include <tlm/desktop_ui/MainWindow.h>
+#include <tlm/foundation/Error.h>
 #include <tlm/navigation/ConfigurationOptions.h>
+#include <tlm/navigation/GuiElementIdentifier.h>
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -18,6 +23,7 @@ namespace tlm::desktop_ui {
 
 using budgeting::BudgetItemTypes;
 using tlm::testing::child;
+using tlm::testing::expectMessage;
 using tlm::testing::MessageLog;
 
 namespace {
@@ -103,15 +109,32 @@ TEST_F(MainWindowDashboardTest, LoadingABudgetReplacesItsDashboard)
     EXPECT_TRUE(QTest::qWaitFor([this] { return window.centralWidget()->isVisible(); }, 1000));
 }
 
-TEST_F(MainWindowDashboardTest, AnAnswerToAViewThatIsNotThereReachesNobody)
+TEST_F(MainWindowDashboardTest, AnAnswerReachesTheViewBeforeUntilTheNextTurnOfTheEventLoop)
 {
+    navigation::GuiElementIdentifier const unknown;
+    auto const answer = [&] { emit window.saveFailed(unknown, std::nullopt, "Rent is planned already.", {}); };
+    window.onShowBills({}, fiscora::Currency::USD, {fiscora::Currency::USD}, navigation::CurrencyDisplayOptions::Code);
+    expectMessage(QtWarningMsg, "^Failed to save");
+
     showDashboard();
+    EXPECT_THROW(answer(), foundation::Error) << "no entry of the bills has this identifier";
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
-    emit window.completedSurveyFailed("The survey is not saved.");
-    emit window.configureSaveSucceeded();
-
+    EXPECT_NO_THROW(answer());
     EXPECT_EQ(window.centralWidget()->objectName(), "DashboardWdgt");
-    EXPECT_EQ(requests(), 0);
+}
+
+TEST_F(MainWindowDashboardTest, AnAnswerToAnotherFamilyReachesNobody)
+{
+    window.onShowAccounts({}, {fiscora::Currency::USD}, navigation::CurrencyDisplayOptions::Code);
+    MessageLog::clear();
+
+    emit window.saveFailed({}, std::nullopt, "Rent is planned already.", {});
+    emit window.saveSucceeded({}, budgeting::BudgetSource("Rent"));
+    emit window.transactionSaveSucceeded(std::nullopt, std::nullopt);
+
+    EXPECT_THAT(MessageLog::texts(QtInfoMsg), ::testing::IsEmpty()) << "a view that hears an answer says so";
+    EXPECT_EQ(window.centralWidget()->objectName(), "AccountsWdgt");
 }
 
 TEST_P(MainWindowTotalRowTest, ADoubleClickOpensThePlanOfItsType)
@@ -140,7 +163,8 @@ TEST_P(MainWindowTotalRowTest, ATypeAsksForItsPlan)
 {
     QSignalSpy const request(&window, GetParam().request);
 
-    QMetaObject::invokeMethod(&window, "onDisplayBudgetInterface", Q_ARG(budgeting::BudgetItemTypes, GetParam().type));
+    QMetaObject::invokeMethod(&window, "onDisplayBudgetInterface",
+                              Q_ARG(tlm::budgeting::BudgetItemTypes, GetParam().type));
 
     EXPECT_EQ(request.count(), 1);
     EXPECT_EQ(requests(), 1);
@@ -153,8 +177,8 @@ TEST_F(MainWindowDashboardTest, AnUnknownTypeIsLoggedAndAsksForNothing)
 {
     for (auto const type :
          {BudgetItemTypes::None, static_cast<BudgetItemTypes>(6), static_cast<BudgetItemTypes>(255)}) {
-        EXPECT_TRUE(
-            QMetaObject::invokeMethod(&window, "onDisplayBudgetInterface", Q_ARG(budgeting::BudgetItemTypes, type)));
+        EXPECT_TRUE(QMetaObject::invokeMethod(&window, "onDisplayBudgetInterface",
+                                              Q_ARG(tlm::budgeting::BudgetItemTypes, type)));
     }
 
     EXPECT_EQ(requests(), 0);

@@ -8,6 +8,7 @@
 #include <tlm/navigation/GuiElementIdentifier.h>
 
 #include <QMetaMethod>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -40,6 +41,19 @@ TEST_F(MainWindowSignalsTest, EveryParameterIsKnownToTheMetaObject)
     }
 
     EXPECT_EQ(signalCount, 90);
+}
+
+TEST_F(MainWindowSignalsTest, EveryParameterIsNamedWhole)
+{
+    QRegularExpression const shortened(
+        "\\b(?<!::)(accounting|adviser|banking|budgeting|conversion|foundation|navigation|surveying|updating)::");
+    auto const& meta = MainWindow::staticMetaObject;
+
+    for (auto index = meta.methodOffset(); index < meta.methodCount(); ++index) {
+        auto const signature = QString::fromLatin1(meta.method(index).methodSignature());
+
+        EXPECT_FALSE(signature.contains(shortened)) << signature.toStdString();
+    }
 }
 
 TEST_F(MainWindowSignalsTest, ADebtLeavesAsADebt)

@@ -1,7 +1,5 @@
 #include "MoneyEntryFixture.h"
 
-#include <tlm/desktop_ui/MoneyAmountValidator.h>
-
 #include <gmock/gmock.h>
 #include <stdexcept>
 #include <support/MessageLog.h>

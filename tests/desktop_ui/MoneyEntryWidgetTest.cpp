@@ -3,7 +3,6 @@
 #include <tlm/desktop_ui/DataEntryError.h>
 
 #include <QLabel>
-#include <QWheelEvent>
 
 #include <climits>
 #include <gmock/gmock.h>
@@ -229,16 +228,6 @@ TEST_F(MoneyEntryWidgetTest, HiddenCodesStayInForce)
     EXPECT_TRUE(codes.isVisible());
 }
 
-TEST_F(MoneyEntryWidgetTest, TheSelectionOfTheCurrencyCanBeDisabled)
-{
-    widget.disableCurrencySelection();
-    auto const whileDisabled = codes.isEnabled();
-    widget.enableCurrencySelection();
-
-    EXPECT_FALSE(whileDisabled);
-    EXPECT_TRUE(codes.isEnabled());
-}
-
 TEST_F(MoneyEntryWidgetTest, ItsLabelCanBeNamedAndHidden)
 {
     auto& label = child<QLabel>(widget, "amountLbl");
@@ -271,76 +260,6 @@ TEST_F(MoneyEntryWidgetTest, ItsLabelStaysInSightAtTheLeastWidth)
          {static_cast<QWidget*>(&label), static_cast<QWidget*>(&codes), static_cast<QWidget*>(&field)}) {
         EXPECT_TRUE(widget.rect().contains(each->geometry())) << each->objectName().toStdString();
     }
-}
-
-TEST_F(MoneyEntryWidgetTest, ReadOnlyKeepsAmountAndCurrencyFromChanging)
-{
-    showWith(Currency::USD, "5.00");
-
-    widget.setReadOnly(true);
-    QTest::keyClicks(&field, "1");
-
-    EXPECT_TRUE(widget.isReadOnly());
-    EXPECT_FALSE(codes.isEnabled());
-    EXPECT_TRUE(field.isEnabled());
-    EXPECT_EQ(field.text(), "5.00");
-}
-
-TEST_F(MoneyEntryWidgetTest, ReadOnlyAmountsCanBeSelected)
-{
-    showWith(Currency::USD, "5.00");
-    widget.setReadOnly(true);
-
-    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
-
-    EXPECT_EQ(field.selectedText(), "5.00");
-}
-
-TEST_F(MoneyEntryWidgetTest, ReadOnlyCurrenciesStayEvenWhereAFormEnabledThem)
-{
-    showWith(Currency::USD, "5.00");
-    widget.setReadOnly(true);
-    widget.enableCurrencySelection();
-    QSignalSpy changed(&widget, &MoneyEntryWidget::currentIndexChanged);
-    auto const middle = QPointF(codes.rect().center());
-    QWheelEvent wheel(middle, codes.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
-
-    QTest::keyClick(&codes, Qt::Key_Down);
-    QTest::keyClicks(&codes, "E");
-    QApplication::sendEvent(&codes, &wheel);
-    QTest::mouseClick(&codes, Qt::LeftButton);
-    auto const opened = QApplication::activePopupWidget();
-    QTest::mouseDClick(&codes, Qt::LeftButton);
-
-    EXPECT_EQ(opened, nullptr);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(codes.currentCode(), Currency::USD);
-    EXPECT_EQ(changed.count(), 0);
-}
-
-TEST_F(MoneyEntryWidgetTest, TheCurrencyChangesByKeyAndWheelUnlessReadOnly)
-{
-    showWith(Currency::USD, "5.00");
-    auto const middle = QPointF(codes.rect().center());
-    QWheelEvent wheel(middle, codes.mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
-
-    QTest::keyClick(&codes, Qt::Key_Down);
-    auto const byKey = codes.currentCode();
-    QApplication::sendEvent(&codes, &wheel);
-
-    EXPECT_EQ(byKey, Currency::EUR);
-    EXPECT_EQ(codes.currentCode(), Currency::USD);
-}
-
-TEST_F(MoneyEntryWidgetTest, EndingReadOnlyEnablesTheSelectionEvenWhereItWasDisabled)
-{
-    widget.disableCurrencySelection();
-
-    widget.setReadOnly(false);
-
-    EXPECT_TRUE(codes.isEnabled());
 }
 
 TEST_F(MoneyEntryWidgetTest, SelectsACurrencyByItsIndex)

@@ -18,14 +18,12 @@ struct Texts
 
 constexpr std::array allOptions{CurrencyDisplayOptions::Code, CurrencyDisplayOptions::SymbolAndCode,
                                 CurrencyDisplayOptions::NameAndCode};
-constexpr fiscora::Currency noCurrency{999};
 
 std::logic_error unknown(CurrencyDisplayOptions option)
 {
     return std::logic_error("There is no currency display option " + std::to_string(static_cast<unsigned int>(option)) +
                             ".");
 }
-
 }
 
 QString presentationText(CurrencyDisplayOptions const& option)
@@ -52,7 +50,7 @@ CurrencyDisplayOptions toCurrencyDisplayOptions(QString const& text)
 
 QString toDisplayable(fiscora::Currency const& code, CurrencyDisplayOptions option)
 {
-    if (code == noCurrency) {
+    if (code == fiscora::Currency::XXX) {
         return {};
     }
     // The code stands first, where a list finds it by typing. No brackets, since captions put these texts into some.
@@ -74,7 +72,7 @@ fiscora::Currency toCurrencyFromDisplayable(QString const& text, std::set<fiscor
                                             CurrencyDisplayOptions option)
 {
     if (text.isEmpty()) {
-        return noCurrency;
+        return fiscora::Currency::XXX;
     }
     auto const found =
         std::ranges::find(usable, text, [option](fiscora::Currency code) { return toDisplayable(code, option); });

@@ -21,38 +21,6 @@
 #include <set>
 #include <vector>
 
-// Records only pass through the window, so whoever joins it includes the few that they look into.
-Q_MOC_INCLUDE("fiscora/Money.h")
-Q_MOC_INCLUDE("tlm/accounting/Account.h")
-Q_MOC_INCLUDE("tlm/accounting/AccountCode.h")
-Q_MOC_INCLUDE("tlm/accounting/AccountNumber.h")
-Q_MOC_INCLUDE("tlm/accounting/LedgerAccount.h")
-Q_MOC_INCLUDE("tlm/accounting/Transaction.h")
-Q_MOC_INCLUDE("tlm/accounting/TransactionNumber.h")
-Q_MOC_INCLUDE("tlm/adviser/BudgetHealth.h")
-Q_MOC_INCLUDE("tlm/banking/AccountNumberBankType.h")
-Q_MOC_INCLUDE("tlm/banking/Bank.h")
-Q_MOC_INCLUDE("tlm/banking/BankAccount.h")
-Q_MOC_INCLUDE("tlm/banking/BankMap.h")
-Q_MOC_INCLUDE("tlm/banking/BankName.h")
-Q_MOC_INCLUDE("tlm/banking/ReconciledBalance.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetItemAmountDue.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetItemDueIdentifier.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetItemIdentifier.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetSource.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetTotals.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoney.h")
-Q_MOC_INCLUDE("tlm/budgeting/BudgetedMoneyMap.h")
-Q_MOC_INCLUDE("tlm/conversion/ConversionMap.h")
-Q_MOC_INCLUDE("tlm/foundation/Percentage.h")
-Q_MOC_INCLUDE("tlm/navigation/BankAccountCode.h")
-Q_MOC_INCLUDE("tlm/navigation/BudgetBankAccount.h")
-Q_MOC_INCLUDE("tlm/navigation/GuiElementIdentifier.h")
-Q_MOC_INCLUDE("tlm/surveying/DistributedAmount.h")
-Q_MOC_INCLUDE("tlm/surveying/IndexedIncreaseDecreases.h")
-Q_MOC_INCLUDE("tlm/surveying/MappingSurvey.h")
-Q_MOC_INCLUDE("tlm/updating/SemanticVersion.h")
-
 class QFileDialog;
 class QToolBar;
 namespace Ui {
@@ -60,9 +28,6 @@ class TlmMnwndw;
 }
 namespace tlm::adjutor {
 class HelpWidget;
-}
-namespace tlm::navigation {
-struct ConfigurationOptions;
 }
 
 namespace tlm::desktop_ui {
@@ -81,6 +46,8 @@ public:
     /// \param options is read again whenever a view is shown, so it has to outlive the window
     explicit MainWindow(navigation::ConfigurationOptions const& options);
     ~MainWindow() override;
+
+    // The meta object keeps the types of parameters as they are spelled, so they are spelled whole from here on.
 
 signals:
     /// \name Views
@@ -146,72 +113,75 @@ signals:
 
     /// \param item is a record of the kind that \a type tells, read by a dynamic downcast
     /// \param ba is where a debt is paid from or a goal is stored, empty when none is chosen or for other types
-    void added(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
-               budgeting::BudgetedMoney const& item, std::optional<banking::BankAccount> const& ba);
-    void renamed(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
-                 budgeting::BudgetSource const& original, budgeting::BudgetSource const& changed);
+    void added(tlm::navigation::GuiElementIdentifier const& id, tlm::budgeting::BudgetItemTypes type,
+               tlm::budgeting::BudgetedMoney const& item, std::optional<tlm::banking::BankAccount> const& ba);
+    void renamed(tlm::navigation::GuiElementIdentifier const& id, tlm::budgeting::BudgetItemTypes type,
+                 tlm::budgeting::BudgetSource const& original, tlm::budgeting::BudgetSource const& changed);
     /// Parameters as in added(); the item of the same source takes over the values of \a item.
-    void updated(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
-                 budgeting::BudgetedMoney const& item, std::optional<banking::BankAccount> const& ba);
-    void removed(navigation::GuiElementIdentifier const& id, budgeting::BudgetItemTypes type,
-                 budgeting::BudgetSource const& source);
-    void saveSucceeded(navigation::GuiElementIdentifier const& id, budgeting::BudgetSource const& source);
+    void updated(tlm::navigation::GuiElementIdentifier const& id, tlm::budgeting::BudgetItemTypes type,
+                 tlm::budgeting::BudgetedMoney const& item, std::optional<tlm::banking::BankAccount> const& ba);
+    void removed(tlm::navigation::GuiElementIdentifier const& id, tlm::budgeting::BudgetItemTypes type,
+                 tlm::budgeting::BudgetSource const& source);
+    void saveSucceeded(tlm::navigation::GuiElementIdentifier const& id, tlm::budgeting::BudgetSource const& source);
     /// \param original is the source before the change, empty for a new item
     /// \param errorMessage tells the person what was refused, why, and what to do
     /// \param displayed is the source that the entry shows now
-    void saveFailed(navigation::GuiElementIdentifier const& id, std::optional<budgeting::BudgetSource> const& original,
-                    QString const& errorMessage, std::optional<budgeting::BudgetSource> const& displayed);
+    void saveFailed(tlm::navigation::GuiElementIdentifier const& id,
+                    std::optional<tlm::budgeting::BudgetSource> const& original, QString const& errorMessage,
+                    std::optional<tlm::budgeting::BudgetSource> const& displayed);
     ///@}
 
     /// The accounts of the bank \a bn are wanted; lookedUpBankAccounts() answers.
-    void lookUpBankAccounts(banking::BankName const& bn, navigation::AllowSubAccounts shouldAllow);
-    void lookedUpBankAccounts(banking::BankName const& bn,
-                              std::set<banking::AccountNumberBankType> const& accountTypes);
+    void lookUpBankAccounts(tlm::banking::BankName const& bn, tlm::navigation::AllowSubAccounts shouldAllow);
+    void lookedUpBankAccounts(tlm::banking::BankName const& bn,
+                              std::set<tlm::banking::AccountNumberBankType> const& accountTypes);
 
     /// \name Processing
     /// Each change is answered by exactly one of processBudgetItemSaveSucceeded() and processBudgetItemSaveFailed().
     ///@{
 
     /// A due item was paid from or stored in the account \a ac.
-    void processBudgetItemPosted(budgeting::BudgetItemAmountDue const& bid, accounting::AccountCode const& ac,
+    void processBudgetItemPosted(tlm::budgeting::BudgetItemAmountDue const& bid, tlm::accounting::AccountCode const& ac,
                                  QDate const& postOn);
     /// An amount was posted to an item outside its schedule.
-    void processBudgetItemPostedUnexpected(budgeting::BudgetItemDueIdentifier const& bidi, fiscora::Money const& amount,
-                                           accounting::AccountCode const& ac, QDate const& postOn);
-    void processBudgetItemSkipped(budgeting::BudgetItemDueIdentifier const& bidi);
+    void processBudgetItemPostedUnexpected(tlm::budgeting::BudgetItemDueIdentifier const& bidi,
+                                           fiscora::Money const& amount, tlm::accounting::AccountCode const& ac,
+                                           QDate const& postOn);
+    void processBudgetItemSkipped(tlm::budgeting::BudgetItemDueIdentifier const& bidi);
     /// \param txnNum is the posting made, empty for a skipped item
-    void processBudgetItemSaveSucceeded(budgeting::BudgetItemDueIdentifier const& bidi,
-                                        std::optional<accounting::TransactionNumber> const& txnNum);
-    void processBudgetItemSaveFailed(budgeting::BudgetItemDueIdentifier const& bidi, QString const& errorMessage);
+    void processBudgetItemSaveSucceeded(tlm::budgeting::BudgetItemDueIdentifier const& bidi,
+                                        std::optional<tlm::accounting::TransactionNumber> const& txnNum);
+    void processBudgetItemSaveFailed(tlm::budgeting::BudgetItemDueIdentifier const& bidi, QString const& errorMessage);
     ///@}
 
     /// \name Refunds
     ///@{
 
     /// The sources of the type of \a requestedBy are wanted; lookedUpBudgetItemSources() answers with it unchanged.
-    void lookUpBudgetItemSources(budgeting::BudgetItemDueIdentifier const& requestedBy);
-    void lookedUpBudgetItemSources(budgeting::BudgetItemDueIdentifier const& requestedBy,
-                                   std::set<budgeting::BudgetSource> const& sources);
+    void lookUpBudgetItemSources(tlm::budgeting::BudgetItemDueIdentifier const& requestedBy);
+    void lookedUpBudgetItemSources(tlm::budgeting::BudgetItemDueIdentifier const& requestedBy,
+                                   std::set<tlm::budgeting::BudgetSource> const& sources);
     /// The postings made from an item are wanted; lookedUpRefundableTransactions() answers.
-    void lookUpRefundableTransactions(budgeting::BudgetItemIdentifier const& bii);
-    void lookedUpRefundableTransactions(budgeting::BudgetItemIdentifier const& bii, accounting::AccountCode const& ac,
-                                        std::set<accounting::Transaction> const& txns);
+    void lookUpRefundableTransactions(tlm::budgeting::BudgetItemIdentifier const& bii);
+    void lookedUpRefundableTransactions(tlm::budgeting::BudgetItemIdentifier const& bii,
+                                        tlm::accounting::AccountCode const& ac,
+                                        std::set<tlm::accounting::Transaction> const& txns);
     /// Answered like a change to a transaction.
-    void postRefund(accounting::TransactionNumber const& txnNum, fiscora::Money const& refund);
+    void postRefund(tlm::accounting::TransactionNumber const& txnNum, fiscora::Money const& refund);
     ///@}
 
     /// \name Accounts
     /// Each change is answered by exactly one of accountSaveSucceeded() and accountSaveFailed().
     ///@{
-    void addedAct(accounting::Account const& a);
-    void recoded(accounting::AccountCode const& current, accounting::AccountCode const& changed);
-    void closed(accounting::AccountCode const& code);
-    void opened(accounting::AccountCode const& code);
-    void removedAct(accounting::AccountCode const& code);
-    void accountSaveSucceeded(accounting::AccountCode const& code);
+    void addedAct(tlm::accounting::Account const& a);
+    void recoded(tlm::accounting::AccountCode const& current, tlm::accounting::AccountCode const& changed);
+    void closed(tlm::accounting::AccountCode const& code);
+    void opened(tlm::accounting::AccountCode const& code);
+    void removedAct(tlm::accounting::AccountCode const& code);
+    void accountSaveSucceeded(tlm::accounting::AccountCode const& code);
     /// Parameters as in saveFailed().
-    void accountSaveFailed(std::optional<accounting::AccountCode> const& original, QString const& errorMessage,
-                           std::optional<accounting::AccountCode> const& displayed);
+    void accountSaveFailed(std::optional<tlm::accounting::AccountCode> const& original, QString const& errorMessage,
+                           std::optional<tlm::accounting::AccountCode> const& displayed);
     ///@}
 
     /// \name Ledgers and transactions
@@ -219,70 +189,73 @@ signals:
     ///@{
 
     /// The ledger of \a code is wanted; showLedger() answers.
-    void selectedLedger(accounting::AccountCode const& code);
-    void showLedger(accounting::LedgerAccount const& ledger);
-    void addedTransaction(accounting::Transaction const& txn);
-    void updatedTransaction(accounting::TransactionNumber const& tn, accounting::Transaction const& txn);
-    void markCleared(std::set<accounting::TransactionNumber> const& numbers);
-    void markUnreconciled(std::set<accounting::TransactionNumber> const& numbers);
-    void markReconciled(accounting::TransactionNumber const& number);
-    void removedTransaction(accounting::TransactionNumber const& number);
+    void selectedLedger(tlm::accounting::AccountCode const& code);
+    void showLedger(tlm::accounting::LedgerAccount const& ledger);
+    void addedTransaction(tlm::accounting::Transaction const& txn);
+    void updatedTransaction(tlm::accounting::TransactionNumber const& tn, tlm::accounting::Transaction const& txn);
+    void markCleared(std::set<tlm::accounting::TransactionNumber> const& numbers);
+    void markUnreconciled(std::set<tlm::accounting::TransactionNumber> const& numbers);
+    void markReconciled(tlm::accounting::TransactionNumber const& number);
+    void removedTransaction(tlm::accounting::TransactionNumber const& number);
     /// \param displayed is the number that the entry shows, empty for a new one
     /// \param posted is the number that the ledger gave, empty for a transaction that is gone
-    void transactionSaveSucceeded(std::optional<accounting::TransactionNumber> const& displayed,
-                                  std::optional<accounting::TransactionNumber> const& posted);
-    void transactionSaveFailed(std::optional<accounting::TransactionNumber> const& tn, QString const& errorMessage);
-    void transferRequested(accounting::AccountNumber const& from, accounting::AccountNumber const& to,
+    void transactionSaveSucceeded(std::optional<tlm::accounting::TransactionNumber> const& displayed,
+                                  std::optional<tlm::accounting::TransactionNumber> const& posted);
+    void transactionSaveFailed(std::optional<tlm::accounting::TransactionNumber> const& tn,
+                               QString const& errorMessage);
+    void transferRequested(tlm::accounting::AccountNumber const& from, tlm::accounting::AccountNumber const& to,
                            fiscora::Money const& amount, QString const& reason);
     ///@}
 
     /// \name Banks
     /// Each change is answered by exactly one of bankSaveSucceeded() and bankSaveFailed().
     ///@{
-    void bankAdded(banking::Bank const& b);
-    void bankUpdated(banking::Bank const& b);
-    void bankRenamed(banking::BankName const& original, banking::BankName const& change);
-    void bankClosed(banking::BankName const& bn);
-    void bankOpened(banking::BankName const& bn);
-    void bankRemoved(banking::BankName const& bn);
-    void bankSaveSucceeded(banking::BankName const& bn);
+    void bankAdded(tlm::banking::Bank const& b);
+    void bankUpdated(tlm::banking::Bank const& b);
+    void bankRenamed(tlm::banking::BankName const& original, tlm::banking::BankName const& change);
+    void bankClosed(tlm::banking::BankName const& bn);
+    void bankOpened(tlm::banking::BankName const& bn);
+    void bankRemoved(tlm::banking::BankName const& bn);
+    void bankSaveSucceeded(tlm::banking::BankName const& bn);
     /// Parameters as in saveFailed().
-    void bankSaveFailed(std::optional<banking::BankName> const& original, QString const& errorMessage,
-                        std::optional<banking::BankName> const& displayed);
+    void bankSaveFailed(std::optional<tlm::banking::BankName> const& original, QString const& errorMessage,
+                        std::optional<tlm::banking::BankName> const& displayed);
     ///@}
 
     /// \name Bank accounts
     /// Each change is answered by exactly one of bankAccountSaveSucceeded() and bankAccountSaveFailed().
     ///@{
-    void addedBankAccount(QString const& name, banking::BankAccountTypes type, fiscora::Money const& openingBalance);
-    void renamedBankAccount(accounting::AccountCode const& original, accounting::AccountCode const& changed);
-    void removedBankAccount(accounting::AccountCode const& ac);
-    void bankAccountSaveSucceeded(accounting::AccountCode const& ac);
+    void addedBankAccount(QString const& name, tlm::banking::BankAccountTypes type,
+                          fiscora::Money const& openingBalance);
+    void renamedBankAccount(tlm::accounting::AccountCode const& original, tlm::accounting::AccountCode const& changed);
+    void removedBankAccount(tlm::accounting::AccountCode const& ac);
+    void bankAccountSaveSucceeded(tlm::accounting::AccountCode const& ac);
     /// Parameters as in saveFailed().
-    void bankAccountSaveFailed(std::optional<accounting::AccountCode> const& original, QString const& errorMessage,
-                               std::optional<accounting::AccountCode> const& displayed);
+    void bankAccountSaveFailed(std::optional<tlm::accounting::AccountCode> const& original, QString const& errorMessage,
+                               std::optional<tlm::accounting::AccountCode> const& displayed);
     ///@}
 
     /// \name Survey
     ///@{
 
     /// lookedUpLastReconciliation() answers.
-    void lookUpLastReconciliation(accounting::AccountNumber const& an);
+    void lookUpLastReconciliation(tlm::accounting::AccountNumber const& an);
     /// \param code is the currency of the account
     /// \param reconciliation is empty for an account that was never reconciled
     void lookedUpLastReconciliation(fiscora::Currency code,
-                                    std::optional<banking::ReconciledBalance> const& reconciliation);
+                                    std::optional<tlm::banking::ReconciledBalance> const& reconciliation);
     /// generatedMappingSurvey() answers.
-    void generateMappingSurvey(banking::BankName const& bn, accounting::AccountNumber const& an,
+    void generateMappingSurvey(tlm::banking::BankName const& bn, tlm::accounting::AccountNumber const& an,
                                QDate const& surveyingOn);
-    void generatedMappingSurvey(surveying::MappingSurvey const& survey);
+    void generatedMappingSurvey(tlm::surveying::MappingSurvey const& survey);
     /// Answered by exactly one of completedSurveySucceeded() and completedSurveyFailed().
-    void completedSurvey(QDate const& completedOn, banking::BankAccount const& ba, fiscora::Money const& balance,
-                         std::set<accounting::TransactionNumber> const& allReconciled,
-                         surveying::IndexedIncreaseDecreases<budgeting::BudgetItemIdentifier> const& allAdded,
-                         surveying::IndexedIncreaseDecreases<accounting::AccountNumber> const& allExtra,
-                         std::map<budgeting::BudgetItemIdentifier, surveying::DistributedAmount> const& distributed,
-                         fiscora::Money const& nondistributed);
+    void completedSurvey(
+        QDate const& completedOn, tlm::banking::BankAccount const& ba, fiscora::Money const& balance,
+        std::set<tlm::accounting::TransactionNumber> const& allReconciled,
+        tlm::surveying::IndexedIncreaseDecreases<tlm::budgeting::BudgetItemIdentifier> const& allAdded,
+        tlm::surveying::IndexedIncreaseDecreases<tlm::accounting::AccountNumber> const& allExtra,
+        std::map<tlm::budgeting::BudgetItemIdentifier, tlm::surveying::DistributedAmount> const& distributed,
+        fiscora::Money const& nondistributed);
     void completedSurveySucceeded();
     void completedSurveyFailed(QString const& errorMessage);
     ///@}
@@ -292,22 +265,22 @@ signals:
 
     /// Answered by exactly one of configureSaveSucceeded() and configureSaveFailed().
     void configureUpdated(std::chrono::hours hrInWeek, std::chrono::days dayInWeek, std::chrono::days notifyDueWithin,
-                          fiscora::Currency preferred, navigation::CurrencyDisplayOptions displayAs,
-                          std::set<fiscora::Currency> const& usable, foundation::Percentage const& balanceWindow);
+                          fiscora::Currency preferred, tlm::navigation::CurrencyDisplayOptions displayAs,
+                          std::set<fiscora::Currency> const& usable, tlm::foundation::Percentage const& balanceWindow);
     void configureSaveSucceeded();
     void configureSaveFailed(QString const& errorMessage);
     /// Rates between all of \a currencies are wanted; fetchedExchangeRates() answers, sooner or later.
     void fetchExchangeRates(std::set<fiscora::Currency> const& currencies);
     void fetchedExchangeRates(std::set<fiscora::Currency> const& currencies,
-                              conversion::ConversionMap const& conversions);
+                              tlm::conversion::ConversionMap const& conversions);
     /// Expects no answer.
-    void storeExchangeRates(conversion::ConversionMap const& conversions);
+    void storeExchangeRates(tlm::conversion::ConversionMap const& conversions);
     /// What the person told the wizard, from which the new budget is made.
     void completedNewBudgetFirstTimeWizard(fiscora::Currency preferred, std::set<fiscora::Currency> const& usable,
-                                           navigation::CurrencyDisplayOptions displayAs,
-                                           banking::BankName const& primary, banking::BankAccountTypes kind,
+                                           tlm::navigation::CurrencyDisplayOptions displayAs,
+                                           tlm::banking::BankName const& primary, tlm::banking::BankAccountTypes kind,
                                            QString const& accountName, fiscora::Money const& initialBalance,
-                                           navigation::BudgetWizardTemplates selectedTemplate);
+                                           tlm::navigation::BudgetWizardTemplates selectedTemplate);
     ///@}
 
 public slots:
@@ -331,15 +304,16 @@ public slots:
     /// Shows the window and asks for the dashboard, each time it is called. It hides QWidget::show().
     void show();
     /// Tells the person about a newer version and waits until the notice is closed.
-    void onUpdateReleased(updating::SemanticVersion const& latest);
+    void onUpdateReleased(tlm::updating::SemanticVersion const& latest);
 
     /// Replaces the central view by a fresh dashboard.
     /// \param bt is what each type of item comes to per month, in \a preferred
     /// \param due is shown in the order given
     /// \param dueWithin is how many days ahead an item is shown, counted from today
-    void onShowDashboard(budgeting::BudgetTotals const& bt, std::vector<budgeting::BudgetItemAmountDue> const& due,
-                         adviser::BudgetHealth const& bh, std::chrono::days dueWithin, fiscora::Currency preferred,
-                         navigation::CurrencyDisplayOptions displayAs);
+    void onShowDashboard(tlm::budgeting::BudgetTotals const& bt,
+                         std::vector<tlm::budgeting::BudgetItemAmountDue> const& due,
+                         tlm::adviser::BudgetHealth const& bh, std::chrono::days dueWithin, fiscora::Currency preferred,
+                         tlm::navigation::CurrencyDisplayOptions displayAs);
 
     /// \name Planning
     /// Each replaces the central view by one that plans all budget items of a kind, those given, or a new one when
@@ -347,29 +321,31 @@ public slots:
     /// \param preferred the currency of the total
     /// \param usableCurrencies currencies that amounts may be entered in
     ///@{
-    void onShowBills(budgeting::BillMap const& bills, fiscora::Currency preferred,
-                     std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
+    void onShowBills(tlm::budgeting::BillMap const& bills, fiscora::Currency preferred,
+                     std::set<fiscora::Currency> const& usableCurrencies,
+                     tlm::navigation::CurrencyDisplayOptions displayAs);
     /// \param accounts which account each debt was borrowed from, where that is known
     /// \param codes of all accounts that \a accounts tell of
     /// \param banks that may be chosen
-    void onShowDebts(budgeting::DebtMap const& debts, std::set<navigation::BudgetBankAccount> const& accounts,
-                     std::set<accounting::AccountCode> const& codes, std::set<banking::BankName> const& banks,
+    void onShowDebts(tlm::budgeting::DebtMap const& debts, std::set<tlm::navigation::BudgetBankAccount> const& accounts,
+                     std::set<tlm::accounting::AccountCode> const& codes, std::set<tlm::banking::BankName> const& banks,
                      fiscora::Currency preferred, std::set<fiscora::Currency> const& usableCurrencies,
-                     navigation::CurrencyDisplayOptions displayAs);
+                     tlm::navigation::CurrencyDisplayOptions displayAs);
     /// Emits lookUpBankAccounts() for each goal that \a accounts tell of, while the view is being built.
     /// \param accounts which account each goal is stored in, where that is known
     /// \param codes of all accounts that an answer to a look-up may tell of
     /// \param banks that may be chosen
     /// \param wagesTotal all wages per month, in \a preferred
-    void onShowGoals(budgeting::GoalMap const& goals, std::set<navigation::BudgetBankAccount> const& accounts,
-                     std::set<accounting::AccountCode> const& codes, std::set<banking::BankName> const& banks,
+    void onShowGoals(tlm::budgeting::GoalMap const& goals, std::set<tlm::navigation::BudgetBankAccount> const& accounts,
+                     std::set<tlm::accounting::AccountCode> const& codes, std::set<tlm::banking::BankName> const& banks,
                      fiscora::Currency preferred, std::set<fiscora::Currency> const& usableCurrencies,
-                     navigation::CurrencyDisplayOptions displayAs, fiscora::Money const& wagesTotal);
-    void onShowNontracks(budgeting::NontrackMap const& nontracks, fiscora::Currency preferred,
+                     tlm::navigation::CurrencyDisplayOptions displayAs, fiscora::Money const& wagesTotal);
+    void onShowNontracks(tlm::budgeting::NontrackMap const& nontracks, fiscora::Currency preferred,
                          std::set<fiscora::Currency> const& usableCurrencies,
-                         navigation::CurrencyDisplayOptions displayAs);
-    void onShowWages(budgeting::WageMap const& wages, fiscora::Currency preferred,
-                     std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
+                         tlm::navigation::CurrencyDisplayOptions displayAs);
+    void onShowWages(tlm::budgeting::WageMap const& wages, fiscora::Currency preferred,
+                     std::set<fiscora::Currency> const& usableCurrencies,
+                     tlm::navigation::CurrencyDisplayOptions displayAs);
     ///@}
 
     /// \name Books
@@ -378,25 +354,26 @@ public slots:
     ///@{
 
     /// \param accounts the whole chart; a new account is offered when there is none
-    void onShowAccounts(std::set<accounting::Account> const& accounts,
+    void onShowAccounts(std::set<tlm::accounting::Account> const& accounts,
                         std::set<fiscora::Currency> const& usableCurrencies,
-                        navigation::CurrencyDisplayOptions displayAs);
+                        tlm::navigation::CurrencyDisplayOptions displayAs);
     /// Emits selectedLedger() when the person first selects an account.
     /// \param accounts whose ledgers can be seen, and which transactions may name
-    void onShowLedgers(std::set<accounting::Account> const& accounts,
+    void onShowLedgers(std::set<tlm::accounting::Account> const& accounts,
                        std::set<fiscora::Currency> const& usableCurrencies,
-                       navigation::CurrencyDisplayOptions displayAs);
+                       tlm::navigation::CurrencyDisplayOptions displayAs);
     /// \param fromBanks accounts that money can leave
     /// \param toBanks accounts that money can enter
-    void onShowMoneyTransfer(std::set<navigation::BankAccountCode> const& fromBanks,
-                             std::set<navigation::BankAccountCode> const& toBanks,
+    void onShowMoneyTransfer(std::set<tlm::navigation::BankAccountCode> const& fromBanks,
+                             std::set<tlm::navigation::BankAccountCode> const& toBanks,
                              std::set<fiscora::Currency> const& usableCurrencies,
-                             navigation::CurrencyDisplayOptions displayAs);
+                             tlm::navigation::CurrencyDisplayOptions displayAs);
     /// \param banks with the accounts that they keep; a new bank is offered when there is none
     /// \param allAccounts the whole chart
     /// \throws foundation::Error when \a allAccounts lacks an account of a bank, or the account that one is part of
-    void onShowBanks(banking::BankMap const& banks, std::set<accounting::Account> const& allAccounts,
-                     std::set<fiscora::Currency> const& usableCurrencies, navigation::CurrencyDisplayOptions displayAs);
+    void onShowBanks(tlm::banking::BankMap const& banks, std::set<tlm::accounting::Account> const& allAccounts,
+                     std::set<fiscora::Currency> const& usableCurrencies,
+                     tlm::navigation::CurrencyDisplayOptions displayAs);
     ///@}
 
 protected:
@@ -407,7 +384,7 @@ private slots:
     void onShowHandbookWizardPage();
     void onShowAbout();
     void onShowAboutQt();
-    void onDisplayBudgetInterface(budgeting::BudgetItemTypes type);
+    void onDisplayBudgetInterface(tlm::budgeting::BudgetItemTypes type);
 
 private:
     struct LaterDeleter

@@ -3,6 +3,7 @@
 #include <fiscora/Currency.h>
 #include <fiscora/Money.h>
 #include <tlm/desktop_ui/Export.h>
+#include <tlm/desktop_ui/MoneyAmountValidator.h>
 #include <tlm/desktop_ui/ui_MoneyEntryWidget.h>
 #include <tlm/foundation/QtPtr.h>
 #include <tlm/navigation/CurrencyDisplayOptions.h>
@@ -17,7 +18,8 @@ namespace tlm::desktop_ui {
 
 /// Lets a person type an amount of money and pick its currency. The one place where text becomes money.
 ///
-/// The decimal point is that of the default locale when the process reads its first amount.
+/// The decimal point is that of the default locale when the process reads its first amount. A
+/// details::MoneyAmountValidator keeps signs out of the field that are no part of an amount.
 class TLM_DESKTOP_UI_EXPORT MoneyEntryWidget : public QWidget, private Ui::MoneyEntryWidget
 {
     Q_OBJECT
@@ -100,6 +102,10 @@ private:
     bool isUnheardEnd(QEvent const& event) const;
     void tellChangedAmount();
     void tellChangedCurrency();
+
+    /// Tells the money that \a read gives, the empty money where it can't, which is logged as \a failure.
+    template <typename Read>
+    void tell(Read const& read, char const* failure);
 
     bool isReadOnlyEntry_ = false;
 };

@@ -1,59 +1,35 @@
 #pragma once
 
-// The records that cross MainWindow, declared only: the window passes them on and looks into none.
+// The records that cross MainWindow, whole: whoever joins the window makes them and looks into them.
 
-namespace fiscora {
-class Money;
-}
-namespace tlm::accounting {
-class Account;
-class AccountCode;
-class AccountNumber;
-struct LedgerAccount;
-class Transaction;
-class TransactionNumber;
-}
-namespace tlm::adviser {
-class BudgetHealth;
-}
-namespace tlm::banking {
-struct AccountNumberBankType;
-class Bank;
-struct BankAccount;
-struct BankMap;
-class BankName;
-struct ReconciledBalance;
-}
-namespace tlm::budgeting {
-struct BillMap;
-struct BudgetItemAmountDue;
-struct BudgetItemDueIdentifier;
-struct BudgetItemIdentifier;
-class BudgetSource;
-struct BudgetTotals;
-class BudgetedMoney;
-struct DebtMap;
-struct GoalMap;
-struct NontrackMap;
-struct WageMap;
-}
-namespace tlm::conversion {
-class ConversionMap;
-}
-namespace tlm::foundation {
-class Percentage;
-}
-namespace tlm::navigation {
-class BankAccountCode;
-struct BudgetBankAccount;
-class GuiElementIdentifier;
-}
-namespace tlm::surveying {
-class DistributedAmount;
-template <typename Key>
-struct IndexedIncreaseDecreases;
-class MappingSurvey;
-}
-namespace tlm::updating {
-class SemanticVersion;
-}
+#include <fiscora/Money.h>
+#include <tlm/accounting/Account.h>
+#include <tlm/accounting/AccountCode.h>
+#include <tlm/accounting/AccountNumber.h>
+#include <tlm/accounting/LedgerAccount.h>
+#include <tlm/accounting/Transaction.h>
+#include <tlm/accounting/TransactionNumber.h>
+#include <tlm/adviser/BudgetHealth.h>
+#include <tlm/banking/AccountNumberBankType.h>
+#include <tlm/banking/Bank.h>
+#include <tlm/banking/BankAccount.h>
+#include <tlm/banking/BankMap.h>
+#include <tlm/banking/BankName.h>
+#include <tlm/banking/ReconciledBalance.h>
+#include <tlm/budgeting/BudgetItemAmountDue.h>
+#include <tlm/budgeting/BudgetItemDueIdentifier.h>
+#include <tlm/budgeting/BudgetItemIdentifier.h>
+#include <tlm/budgeting/BudgetSource.h>
+#include <tlm/budgeting/BudgetTotals.h>
+#include <tlm/budgeting/BudgetedMoney.h>
+#include <tlm/budgeting/BudgetedMoneyMap.h>
+#include <tlm/conversion/ConversionMap.h>
+#include <tlm/foundation/Percentage.h>
+#include <tlm/navigation/BankAccountCode.h>
+#include <tlm/navigation/BudgetBankAccount.h>
+#include <tlm/navigation/ConfigurationOptions.h>
+#include <tlm/navigation/GuiElementIdentifier.h>
+#include <tlm/surveying/DistributedAmount.h>
+#include <tlm/surveying/IndexedIncreaseDecreases.h>
+#include <tlm/surveying/MappingSurvey.h>
+#include <tlm/updating/SemanticVersion.h>
