@@ -4,6 +4,7 @@
 #include "internal/BudgetedMoneyExtras.h"
 #include "internal/EntryForms.h"
 #include "internal/KnownAccounts.h"
+#include "internal/Wheel.h"
 
 #include <tlm/budgeting/Debt.h>
 
@@ -43,6 +44,7 @@ BudgetedDebtEntryWidget::BudgetedDebtEntryWidget(std::set<banking::BankName> con
                                            accounting::AccountTypes::Liability);
     bankAccounts_->hideAccount();
     putLabelsAbove(*this);
+    leaveWheelToList(*this);
     join();
 }
 

@@ -5,6 +5,7 @@
 #include "internal/DisableSignalsTemporarily.h"
 #include "internal/EntryForms.h"
 #include "internal/KnownAccounts.h"
+#include "internal/Wheel.h"
 
 #include <tlm/budgeting/Accumulate.h>
 #include <tlm/budgeting/Goal.h>
@@ -62,6 +63,7 @@ BudgetedGoalEntryWidget::BudgetedGoalEntryWidget(std::set<BankName> const& banks
         extras.addPercentage(wagesPercentageLabel_, tr("Monthly goal amount as a percentage of total monthly wages"));
     wagesPercentage_->setSuffix(QStringLiteral("%"));
     putLabelsAbove(*this);
+    leaveWheelToList(*this);
     join();
 }
 

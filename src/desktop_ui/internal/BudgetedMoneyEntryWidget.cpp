@@ -1,6 +1,7 @@
 #include "internal/BudgetedMoneyEntryWidget.h"
 
 #include "internal/EntryForms.h"
+#include "internal/Wheel.h"
 
 #include <QDebug>
 
@@ -16,6 +17,7 @@ BudgetedMoneyEntryWidget::BudgetedMoneyEntryWidget(std::set<fiscora::Currency> c
 {
     setupUi(this);
     putLabelsAbove(*this);
+    leaveWheelToList(*this);
     errorWdgt->showMessage(std::nullopt); // its form comes with a text
     perPeriodWdgt->setUsableCurrencies(usable, displayAs);
     nextOccurOnDtdt->setDate(QDate::currentDate());

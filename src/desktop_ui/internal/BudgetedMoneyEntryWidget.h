@@ -87,8 +87,6 @@ protected:
     using Ui::BudgetedMoneyEntryWidget::perPeriodWdgt;
     using Ui::BudgetedMoneyEntryWidget::sourceLndt;
 
-    /// Puts the label of each field made so far above it.
-
     /// Joins \a signal of \a entry to what an edit does that can move the view's total.
     template <typename Entry, typename Signal>
     void joinToValue(Entry* entry, Signal signal)

@@ -2,8 +2,10 @@
 #include "internal/BudgetedDebtEntryWidget.h"
 #include "internal/BudgetedGoalEntryWidget.h"
 #include "support/Typing.h"
+#include "support/Wheel.h"
 
 #include <QAccessible>
+#include <QDoubleSpinBox>
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -18,6 +20,7 @@ using tlm::testing::child;
 using tlm::testing::PlanningRow;
 using tlm::testing::showActive;
 using tlm::testing::tabOrder;
+using tlm::testing::turnWheelOver;
 using tlm::testing::type;
 
 namespace {
@@ -101,6 +104,40 @@ TEST_P(BudgetedMoneyEntryEndTest, AssistiveToolsAreToldWhatEachEntryIs)
             EXPECT_NE(spoken->text(QAccessible::Name), "") << entry->objectName().toStdString();
         }
     }
+}
+
+TEST_P(BudgetedMoneyEntryEndTest, TheWheelChangesNoFieldThatItComesBy)
+{
+    auto const row = make(GetParam());
+    auto& source = PlanningRow(*row).source();
+    for (auto* const percentage : row->findChildren<QDoubleSpinBox*>()) {
+        percentage->setValue(50.0);
+    }
+    hear(*row);
+    showIn(*row, source);
+
+    auto const turning = eventsOf([&] {
+        for (auto* const field : row->findChildren<QWidget*>()) {
+            turnWheelOver(*field);
+        }
+    });
+
+    EXPECT_THAT(turning, IsEmpty());
+    EXPECT_TRUE(source.hasFocus());
+}
+
+TEST_P(BudgetedMoneyEntryEndTest, TheWheelChangesTheFieldThatHasTheFocus)
+{
+    auto const row = make(GetParam());
+    auto& date = PlanningRow(*row).dueNext();
+    auto const before = date.date();
+    hear(*row);
+    showIn(*row, date);
+
+    auto const turning = eventsOf([&] { turnWheelOver(date); });
+
+    EXPECT_THAT(turning, ElementsAre("dirty"));
+    EXPECT_NE(date.date(), before);
 }
 
 /// A field that loses the focus because its row ends tells that its editing ends.

@@ -1,5 +1,6 @@
 #include "BudgetedMoniesFixture.h"
 #include "ShowActive.h"
+#include "support/Wheel.h"
 
 #include <QComboBox>
 #include <QScrollArea>
@@ -10,6 +11,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using tlm::testing::child;
 using tlm::testing::showActive;
+using tlm::testing::turnWheelOver;
 
 /// A view on screen and the way of the keyboard through it.
 class BudgetedMoniesKeyboardTest : public tlm::testing::BudgetedMoniesFixture
@@ -197,6 +199,21 @@ TEST_F(BudgetedMoniesKeyboardTest, AClickOnARowThatIsPartlyHiddenDoesNotMoveIt)
     EXPECT_EQ(QApplication::focusWidget(), &field);
     EXPECT_EQ(bar.value(), scrolled);
     QTest::mouseRelease(window, Qt::LeftButton, {}, place);
+}
+
+TEST_F(BudgetedMoniesKeyboardTest, TheWheelScrollsTheRowsWhateverFieldItIsOver)
+{
+    loadManyOnScreen();
+    auto const& bar = *scroller().verticalScrollBar();
+
+    for (auto* const field : {&child<QWidget>(row("A"), "periodCmbbx"), &child<QWidget>(row("A"), "nextOccurOnDtdt"),
+                              &child<QWidget>(row("A"), "codeCmbbx")}) {
+        auto const before = bar.value();
+        turnWheelOver(*field);
+        EXPECT_GT(bar.value(), before) << field->objectName().toStdString();
+    }
+
+    EXPECT_FALSE(row("A").isDirty());
 }
 
 TEST_F(BudgetedMoniesKeyboardTest, ARefusedSaveLeavesTheFocusOnItsButton)

@@ -146,8 +146,9 @@ TEST_F(ErrorMessageWidgetTest, ALongMessageGrowsDownAndNotAcross)
     EXPECT_GT(label.height(), 3 * label.fontMetrics().height());
 }
 
-TEST_F(ErrorMessageWidgetTest, IsNamedByItsFormUnlessItHasAName)
+TEST_F(ErrorMessageWidgetTest, IsNamedAndSizedByItsForm)
 {
     EXPECT_EQ(line.objectName(), "ErrorWdgt");
     EXPECT_EQ(line.windowTitle(), "Error Messages");
+    EXPECT_EQ(line.sizePolicy(), QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred));
 }

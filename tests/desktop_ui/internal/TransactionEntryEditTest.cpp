@@ -1,8 +1,8 @@
 #include "TransactionFixture.h"
 #include "support/Typing.h"
+#include "support/Wheel.h"
 
 #include <QSignalSpy>
-#include <QWheelEvent>
 
 #include <functional>
 
@@ -11,6 +11,7 @@ using ::testing::IsEmpty;
 using tlm::testing::MessageLog;
 using tlm::testing::showActive;
 using tlm::testing::TransactionFixture;
+using tlm::testing::turnWheelOver;
 using tlm::testing::typeOver;
 
 namespace {
@@ -291,24 +292,19 @@ TEST_F(TransactionEntryEditTest, TheWheelChangesOnlyTheFieldThatHasTheCursor)
 {
     showPurchase();
     showActive(*form);
-    auto const turnOver = [](QWidget& field) {
-        auto const middle = QPointF(field.rect().center());
-        QWheelEvent turn(middle, field.mapToGlobal(middle), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
-                         Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&field, &turn);
-    };
     description().setFocus();
 
     for (auto* const field : std::initializer_list<QWidget*>{&date(), &other(), &currency()}) {
-        turnOver(*field);
+        turnWheelOver(*field);
     }
+    EXPECT_TRUE(description().hasFocus());
     EXPECT_FALSE(form->isDirty());
     EXPECT_EQ(form->occurredOn(), QDate(2031, 2, 3));
     EXPECT_EQ(form->otherAccount(), food.number());
     EXPECT_EQ(currency().currentText(), "EUR");
 
     other().setFocus();
-    turnOver(other());
+    turnWheelOver(other());
     EXPECT_EQ(form->otherAccount(), rent.number());
     EXPECT_TRUE(form->isDirty());
 }
