@@ -1,5 +1,6 @@
 #include "internal/AccountEntryWidget.h"
 
+#include "internal/ComboBoxes.h"
 #include "internal/EntryForms.h"
 #include "internal/ParentNumbersModel.h"
 
@@ -48,8 +49,8 @@ QLocale plainDigits()
 }
 }
 
-AccountEntryWidget::AccountEntryWidget(std::optional<AccountCode> code, bool closed, std::optional<AccountTypes> type,
-                                       fiscora::Money const& balance, std::set<AccountNumber> const& numbers,
+AccountEntryWidget::AccountEntryWidget(ParentNumbers const& numbers, std::optional<AccountCode> code, bool closed,
+                                       std::optional<AccountTypes> type, fiscora::Money const& balance,
                                        std::set<Currency> const& usable, CurrencyDisplayOptions const& displayAs,
                                        std::optional<BankAccountTypes> bankType, QtPtr<QWidget> const& parent)
     : QWidget(parent.get()),
@@ -60,7 +61,7 @@ AccountEntryWidget::AccountEntryWidget(std::optional<AccountCode> code, bool clo
     setupUi(this);
     putLabelsAbove(*this);
     offerTypes();
-    parentCmbbx->setModel(parents_.get());
+    offerParents();
     restrictNumber();
     showTypes(type, bankType);
     setUsableCurrencies(usable, displayAs);
@@ -74,6 +75,14 @@ AccountEntryWidget::AccountEntryWidget(std::optional<AccountCode> code, bool clo
     }
     join();
 }
+
+AccountEntryWidget::AccountEntryWidget(std::optional<AccountCode> code, bool closed, std::optional<AccountTypes> type,
+                                       fiscora::Money const& balance, std::set<AccountNumber> const& numbers,
+                                       std::set<Currency> const& usable, CurrencyDisplayOptions const& displayAs,
+                                       std::optional<BankAccountTypes> bankType, QtPtr<QWidget> const& parent)
+    : AccountEntryWidget(ParentNumbers(numbers), std::move(code), closed, type, balance, usable, displayAs, bankType,
+                         parent)
+{}
 
 AccountEntryWidget::AccountEntryWidget(std::optional<AccountCode> code, bool closed, AccountTypes type,
                                        fiscora::Money const& balance, std::set<AccountNumber> const& numbers,
@@ -101,6 +110,12 @@ void AccountEntryWidget::offerTypes()
     for (auto const value : {0, 1, 2, 3, 4, 5}) {
         ledgerTypeCmbbx->addItem(presentationText(static_cast<AccountTypes>(value)));
     }
+}
+
+void AccountEntryWidget::offerParents()
+{
+    settleSize(*parentCmbbx, ParentNumbersModel::noParentText());
+    parentCmbbx->setModel(parents_.get());
 }
 
 void AccountEntryWidget::restrictNumber()
@@ -259,13 +274,18 @@ QString AccountEntryWidget::displayText() const
 void AccountEntryWidget::addParentNumber(AccountNumber const& n)
 {
     // A view tells every form each number again and again, so what is cheap to see comes first.
-    if (parents_->rowOf(n) != ParentNumbersModel::noParentRow) {
+    if (offersParent(n)) {
         return;
     }
     auto const isOwn = (code_ && *code_ == n) || n.integer() == number();
     if (!isOwn) {
         parents_->add(n);
     }
+}
+
+bool AccountEntryWidget::offersParent(AccountNumber const& n) const
+{
+    return parents_->rowOf(n) != ParentNumbersModel::noParentRow;
 }
 
 void AccountEntryWidget::hideClosed()

@@ -19,6 +19,7 @@
 
 namespace tlm::desktop_ui::internal {
 
+class ParentNumbers;
 class ParentNumbersModel;
 
 /// The form of one account: as the ledger keeps it, or as a bank does.
@@ -38,6 +39,12 @@ public:
                        std::optional<accounting::AccountTypes> type, fiscora::Money const& balance,
                        std::set<accounting::AccountNumber> const& numbers, std::set<fiscora::Currency> const& usable,
                        navigation::CurrencyDisplayOptions const& displayAs,
+                       std::optional<banking::BankAccountTypes> bankType, foundation::QtPtr<QWidget> const& parent);
+
+    /// As above, for many forms of one chart: it costs the same whatever the number of accounts.
+    AccountEntryWidget(ParentNumbers const& numbers, std::optional<accounting::AccountCode> code, bool closed,
+                       std::optional<accounting::AccountTypes> type, fiscora::Money const& balance,
+                       std::set<fiscora::Currency> const& usable, navigation::CurrencyDisplayOptions const& displayAs,
                        std::optional<banking::BankAccountTypes> bankType, foundation::QtPtr<QWidget> const& parent);
 
     /// The form of a ledger account.
@@ -98,6 +105,7 @@ public:
 
     /// Offers \a n as parent, unless it is this account's own number or on offer already.
     void addParentNumber(accounting::AccountNumber const& n);
+    bool offersParent(accounting::AccountNumber const& n) const;
 
     void hideClosed();
     void hideRemove();
@@ -117,6 +125,7 @@ public:
 
 private:
     void offerTypes();
+    void offerParents();
     void restrictNumber();
     void showTypes(std::optional<accounting::AccountTypes> const& type,
                    std::optional<banking::BankAccountTypes> const& bankType);

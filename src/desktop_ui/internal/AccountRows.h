@@ -71,14 +71,6 @@ public:
     /// \return whether the account is closed as far as was told
     bool wasClosed(AccountEntryWidget const& form) const;
 
-    template <typename Act>
-    void forEach(Act const& act) const
-    {
-        for (auto const& row : rows_) {
-            act(*row->form);
-        }
-    }
-
     /// \return the first form that \a matches, nullptr when none does
     template <typename Matches>
     AccountEntryWidget* find(Matches const& matches) const

@@ -48,9 +48,10 @@ AccountsWidget::AccountsWidget(std::set<Account> const& accounts, std::set<fisco
     for (auto const& account : accounts) {
         numbers_.insert(account.code().number());
     }
-    std::for_each(accounts.rbegin(), accounts.rend(), [this](Account const& account) { addEntry(account); });
+    ParentNumbers const numbers(numbers_);
+    std::for_each(accounts.rbegin(), accounts.rend(), [&](Account const& account) { addEntry(account, numbers); });
     if (accounts.empty()) {
-        addEntry(std::nullopt);
+        addEntry(std::nullopt, numbers);
     }
     addBttn_ = addButton(*saveDiscardBttnbx, tr("&Add"), tr("Failed to create the add push button."));
     leadTabFromListToForms();
@@ -70,16 +71,20 @@ bool AccountsWidget::close()
     return tellAndClose(this);
 }
 
-auto AccountsWidget::addEntry(std::optional<Account> const& account) -> Form
+auto AccountsWidget::addEntry(std::optional<Account> const& account, ParentNumbers const& numbers) -> Form
 {
     auto const& shown = account.value_or(Account());
     qInfo() << "Inserting account entry." << shown.code().name();
     auto* const item =
         new QListWidgetItem(account ? presentationText(account->code()) : AccountEntryWidget::newEntryText());
     accountCodesLstwdgt->addItem(item);
-    Form form = new AccountEntryWidget(account ? std::optional(account->code()) : std::nullopt, shown.isClosed(),
-                                       shown.type(), shown.balance(), numbers_, usable_, displayAs_, this);
+    Form form =
+        new AccountEntryWidget(numbers, account ? std::optional(account->code()) : std::nullopt, shown.isClosed(),
+                               shown.type(), shown.balance(), usable_, displayAs_, std::nullopt, this);
     rows_.add(*item, *form);
+    if (account) {
+        withheld_[account->code().number()].push_back(form);
+    }
     accountEntryVbxlyt->insertWidget(0, form.get());
     form->hide();
     accountCodesLstwdgt->setCurrentItem(item);
@@ -93,7 +98,7 @@ void AccountsWidget::addNewEntry()
     if (form) {
         accountCodesLstwdgt->setCurrentItem(rows_.itemOf(*form));
     } else {
-        form = addEntry(std::nullopt);
+        form = addEntry(std::nullopt, ParentNumbers(numbers_));
     }
     form->findChild<QLineEdit*>(QStringLiteral("numberLndt"))->setFocus(Qt::OtherFocusReason);
 }
@@ -123,11 +128,14 @@ void AccountsWidget::displayAccount(QtPtr<QListWidgetItem> const& item)
         qFatal("Failed to locate the account that is to be displayed.");
     }
     form->show();
+    shown_ = form;
 }
 
+/// Asked whenever the selection changes: mostly it is the form that was shown last.
 auto AccountsWidget::displayed() const -> Form
 {
-    return rows_.find([](AccountEntryWidget const& form) { return !form.isHidden(); });
+    auto const isShown = [](AccountEntryWidget const& form) { return !form.isHidden(); };
+    return shown_ && isShown(*shown_) ? shown_ : Form(rows_.find(isShown));
 }
 
 /// Lets the list say what was typed into \a form, and the other forms offer its number.
@@ -138,8 +146,24 @@ void AccountsWidget::followTyping(Form const& form)
     if (number == AccountNumber() || form->numberErrorMessage()) {
         return;
     }
+    offerParent(number);
+}
+
+/// Lets every form but its own offer \a number. Those that offer it already do so for good, so only the others are told again.
+void AccountsWidget::offerParent(AccountNumber const& number)
+{
     numbers_.insert(number);
-    rows_.forEach([&](AccountEntryWidget& entry) { entry.addParentNumber(number); });
+    auto const [place, isNew] = withheld_.try_emplace(number);
+    auto& withheld = place->second;
+    if (isNew) {
+        withheld = rows_.forms();
+    }
+    std::erase_if(withheld, [&](Form const& form) {
+        if (form) {
+            form->addParentNumber(number);
+        }
+        return !form || form->offersParent(number);
+    });
 }
 
 void AccountsWidget::accountSelectionChanged(QtPtr<QListWidgetItem> const& current,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "internal/AccountRows.h"
+#include "internal/ParentNumbers.h"
 #include "ui_AccountsWdgt.h"
 
 #include <fiscora/Currency.h>
@@ -8,11 +9,13 @@
 #include <tlm/accounting/AccountCode.h>
 #include <tlm/accounting/AccountNumber.h>
 #include <tlm/foundation/QtPtr.h>
+#include <tlm/foundation/ScopeExecutor.h>
 #include <tlm/navigation/CurrencyDisplayOptions.h>
 
 #include <QString>
 #include <QWidget>
 
+#include <map>
 #include <optional>
 #include <set>
 #include <vector>
@@ -77,15 +80,17 @@ private:
 
     struct Shown;
 
-    Form addEntry(std::optional<accounting::Account> const& account);
+    Form addEntry(std::optional<accounting::Account> const& account, ParentNumbers const& numbers);
     void addNewEntry();
     void leadTabFromListToForms();
 
     void displayAccount(foundation::QtPtr<QListWidgetItem> const& item);
     Form displayed() const;
     void followTyping(Form const& form);
+    void offerParent(accounting::AccountNumber const& number);
 
     bool anyAccountDirty() const;
+    foundation::ScopeExecutor holdLayout();
     void finishEditing();
     void save();
     bool trySave(Form const& form);
@@ -111,6 +116,8 @@ private:
     navigation::CurrencyDisplayOptions displayAs_;
     foundation::QtPtr<QPushButton> addBttn_;
     AccountRows rows_;
+    Form shown_;                                                      ///< where displayed() looks first
+    std::map<accounting::AccountNumber, std::vector<Form>> withheld_; ///< whose own a known number is
     Sending sending_;
 };
 }

@@ -5,6 +5,7 @@
 #include <tlm/foundation/ScopeExecutor.h>
 
 #include <QDebug>
+#include <QLayout>
 #include <QLineEdit>
 
 #include <utility>
@@ -64,10 +65,25 @@ void AccountsWidget::finishEditing()
     }
 }
 
+/// Each refusal shows its form. A layout goes over all its forms for that, which thousands of refusals can do without.
+ScopeExecutor AccountsWidget::holdLayout()
+{
+    QtPtr<QLayout> const forms = layout();
+    auto const wasEnabled = forms->isEnabled();
+    forms->setEnabled(false);
+    return ScopeExecutor([forms, wasEnabled] {
+        if (forms) {
+            forms->setEnabled(wasEnabled);
+            forms->activate();
+        }
+    });
+}
+
 /// A receiver may answer inside the emission, and end forms, or this view, as it likes.
 void AccountsWidget::save()
 {
     qInfo() << "Saving all account modifications.";
+    auto const over = holdLayout();
     finishEditing();
     if (accountCodesLstwdgt->currentItem() != nullptr) {
         accountCodesLstwdgt->setCurrentRow(-1);
@@ -128,7 +144,7 @@ void AccountsWidget::save(Form const& form, Shown const& shown)
         throw Error(*message);
     }
     auto const changes = changesOf(form, shown);
-    if (changes.empty()) {
+    if (changes.empty()) { // a field that was only walked through makes its form dirty, too
         form->saved(*shown.stored);
         return;
     }
@@ -149,8 +165,8 @@ void AccountsWidget::takeBack(Form const& form, Shown const& shown)
         return;
     }
     qInfo() << "Removing Account:" << shown.text;
-    form->resetDirty();
     removeEntry(form);
+    form->resetDirty();
 }
 
 /// \return what is to be told of the form, in this order; nothing where it shows what is stored

@@ -1,20 +1,38 @@
 #include "internal/ComboBoxes.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QShowEvent>
+#include <QTimerEvent>
 
 namespace tlm::desktop_ui::internal {
 
-void settleSize(QComboBox& box)
+void settleSize(QComboBox& box, QString const& text)
 {
+    box.addItem(text);
     QShowEvent firstOne;
     QCoreApplication::sendEvent(&box, &firstOne);
     box.sizeHint();
     box.minimumSizeHint();
+    box.clear();
+}
+
+void settleContents(QComboBox& box)
+{
+    if (box.isVisible() || box.sizeAdjustPolicy() != QComboBox::AdjustToContents) {
+        return;
+    }
+    auto* const items = box.view();
+    for (QObject* const waiting : {static_cast<QObject*>(items), items->parent()}) {
+        for (auto const& timer : QAbstractEventDispatcher::instance()->registeredTimers(waiting)) {
+            QTimerEvent due(timer.timerId);
+            QCoreApplication::sendEvent(waiting, &due);
+        }
+    }
 }
 
 bool opensPopUp(QEvent const& event)

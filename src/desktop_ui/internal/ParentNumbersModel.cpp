@@ -1,33 +1,16 @@
 #include "internal/ParentNumbersModel.h"
 
-#include "internal/Shared.h"
-
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace tlm::desktop_ui::internal {
 
 using accounting::AccountNumber;
 
-struct ParentNumbersModel::Chart
-{
-    explicit Chart(std::set<AccountNumber> const& all) : numbers(all.upper_bound(AccountNumber()), all.end()) {}
-
-    /// \return where \a number stands, past the end when it isn't there
-    std::size_t placeOf(AccountNumber const& number) const
-    {
-        auto const found = std::ranges::lower_bound(numbers, number);
-        auto const isThere = found != numbers.end() && *found == number;
-        return isThere ? static_cast<std::size_t>(found - numbers.begin()) : numbers.size();
-    }
-
-    std::vector<AccountNumber> numbers; ///< ascending, without the invalid one
-};
-
-ParentNumbersModel::ParentNumbersModel(std::set<AccountNumber> const& numbers, AccountNumber const& own,
-                                       QObject* parent)
-    : QAbstractListModel(parent), chart_(shared<Chart>(numbers)), own_(chart_->placeOf(own))
+ParentNumbersModel::ParentNumbersModel(ParentNumbers numbers, AccountNumber const& own, QObject* parent)
+    : QAbstractListModel(parent), chart_(std::move(numbers)), own_(chart_.placeOf(own))
 {}
 
 QString const& ParentNumbersModel::noParentText()
@@ -49,8 +32,8 @@ void ParentNumbersModel::add(AccountNumber const& number)
 int ParentNumbersModel::rowOf(AccountNumber const& number) const
 {
     constexpr std::size_t first = noParentRow + 1;
-    auto const place = chart_->placeOf(number);
-    if (place < chart_->numbers.size() && place != own_) {
+    auto const place = chart_.placeOf(number);
+    if (place < chart_.size() && place != own_) {
         return static_cast<int>(first + place - (place > own_ ? 1 : 0));
     }
     auto const added = std::ranges::find(added_, number);
@@ -74,12 +57,12 @@ QVariant ParentNumbersModel::data(QModelIndex const& index, int role) const
 
 std::size_t ParentNumbersModel::countOfChart() const
 {
-    return chart_->numbers.size() - (own_ < chart_->numbers.size() ? 1 : 0);
+    return chart_.size() - (own_ < chart_.size() ? 1 : 0);
 }
 
 AccountNumber const& ParentNumbersModel::numberAt(std::size_t place) const
 {
     auto const count = countOfChart();
-    return place < count ? chart_->numbers.at(place < own_ ? place : place + 1) : added_.at(place - count);
+    return place < count ? chart_.at(place < own_ ? place : place + 1) : added_.at(place - count);
 }
 }

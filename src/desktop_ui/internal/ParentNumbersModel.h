@@ -1,30 +1,26 @@
 #pragma once
 
+#include "internal/ParentNumbers.h"
+
 #include <tlm/accounting/AccountNumber.h>
 
 #include <QAbstractListModel>
 #include <QString>
 
 #include <cstddef>
-#include <memory>
-#include <set>
 #include <vector>
 
 namespace tlm::desktop_ui::internal {
 
 /// Numbers that an account can have as its parent, below a row for none.
-///
-/// Each account of a chart offers the numbers of all the others. The models of one chart share them, so that a chart of
-/// hundreds of accounts doesn't hold the square of their number.
 class ParentNumbersModel : public QAbstractListModel
 {
 public:
     static constexpr int noParentRow = 0;
 
-    /// \param numbers offered in ascending order, but for the invalid one and \a own
+    /// \param numbers offered in their order, but for \a own
     /// \param own number of the account itself, the invalid one when it has none yet
-    ParentNumbersModel(std::set<accounting::AccountNumber> const& numbers, accounting::AccountNumber const& own,
-                       QObject* parent);
+    ParentNumbersModel(ParentNumbers numbers, accounting::AccountNumber const& own, QObject* parent);
 
     /// \return the text of the row for none
     static QString const& noParentText();
@@ -39,13 +35,11 @@ public:
     QVariant data(QModelIndex const& index, int role) const override;
 
 private:
-    struct Chart;
-
     std::size_t countOfChart() const;
     accounting::AccountNumber const& numberAt(std::size_t place) const;
 
-    std::shared_ptr<Chart const> chart_; ///< shared by all models that were given the same numbers
-    std::size_t own_;                    ///< where the chart has the account itself, past its end when it hasn't
+    ParentNumbers chart_;
+    std::size_t own_; ///< where the chart has the account itself, past its end when it hasn't
     std::vector<accounting::AccountNumber> added_;
 };
 }

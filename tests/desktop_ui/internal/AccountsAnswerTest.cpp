@@ -63,6 +63,21 @@ TEST_F(AccountsAnswerTest, ARefusalIsShownWithItsRowCurrentAndTheWalkGoesOn)
     EXPECT_THAT(MessageLog::texts(QtInfoMsg), Contains("Processed all accounts."));
 }
 
+TEST_F(AccountsAnswerTest, ARefusedFormIsInItsPlaceOnceTheWalkIsOver)
+{
+    load({account(1, "A"), account(2, "B"), account(3, "C")});
+    view->resize(900, 700);
+    view->show();
+    auto const place = form("A").geometry();
+    rename(form("C"), "c");
+    refuseAll("No.");
+
+    save();
+
+    EXPECT_EQ(shown(), &form("c"));
+    EXPECT_EQ(shown()->geometry(), place);
+}
+
 TEST_F(AccountsAnswerTest, WhatWasRefusedIsMendedAndSavedAgain)
 {
     load({account(1, "A")});

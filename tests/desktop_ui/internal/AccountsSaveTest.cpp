@@ -154,9 +154,9 @@ TEST_F(AccountsSaveTest, ANewFormMarkedForRemovalGoesWithItsRowAndNobodyHears)
 
     EXPECT_THAT(sent, ElementsAre("closing"));
     EXPECT_THAT(rows(), ElementsAre(row("1", "A")));
-    EXPECT_THAT(saidInfo("Removing"), ElementsAre("Removing Account: \"" + row("7", "B") + "\"",
-                                                  "Removing \"" + row("7", "B") + "\" from the account list."));
-    EXPECT_THAT(saidInfo("Resetting"), ElementsAre("Resetting the dirty flag for \"B\""));
+    EXPECT_THAT(saidInfo("B\""), ElementsAre("Removing Account: \"" + row("7", "B") + "\"",
+                                             "Removing \"" + row("7", "B") + "\" from the account list.",
+                                             "Resetting the dirty flag for \"B\""));
     turnEventLoop();
     EXPECT_TRUE(added.isNull());
 }

@@ -188,6 +188,29 @@ TEST_F(AccountsWidgetTest, ANumberThatIsTypedBecomesAParentForAllOthersOnceItsRo
     EXPECT_THAT(texts(parents(*shown())), ElementsAre("No Parent", "1", "2", "7"));
 }
 
+TEST_F(AccountsWidgetTest, ANumberThatIsGivenUpBecomesAParentOnceItIsTypedElsewhere)
+{
+    load({account(1, "A")});
+    auto& first = add("7", "B");
+    select(row("1", "A"));
+    select(row("7", "B"));
+    enter(number(first), "8");
+    add("7", "C");
+
+    select(row("1", "A"));
+
+    EXPECT_THAT(texts(parents(first)), ElementsAre("No Parent", "1", "7"));
+    EXPECT_THAT(texts(parents(form("A"))), ElementsAre("No Parent", "7", "8"));
+    EXPECT_THAT(texts(parents(form("C"))), ElementsAre("No Parent", "1", "7", "8"));
+}
+
+TEST_F(AccountsWidgetTest, FormsBuildNoPopUpAheadOfTime)
+{
+    load({account(1, "A"), account(2, "B")});
+
+    EXPECT_THAT(view->findChildren<QAbstractItemView*>(), ElementsAre(&list()));
+}
+
 TEST_F(AccountsWidgetTest, ANumberThatIsCutIsNoParent)
 {
     load({account(1, "A"), account(2, "B")});
