@@ -1,5 +1,8 @@
 #include "internal/OtherAccounts.h"
 
+#include <QApplication>
+#include <QFontMetrics>
+
 #include <algorithm>
 #include <utility>
 
@@ -10,12 +13,18 @@ using accounting::AccountCode;
 OtherAccounts::OtherAccounts(std::vector<AccountCode> accounts, AccountCode const& ledger) : codes_(std::move(accounts))
 {
     std::ranges::sort(codes_);
+    QFontMetrics const metrics(QApplication::font("QComboBox"));
+    auto widest = 0;
     for (auto const& code : codes_) {
         // The number alone tells the ledger: its code may have lost its parent.
         if (code.number() != ledger.number()) {
             auto const text = presentationText(code);
             rows_.emplace(text, static_cast<int>(texts_.size()));
             texts_.append(text);
+            if (auto const width = metrics.horizontalAdvance(text); width > widest) {
+                widest = width;
+                widestText_ = text;
+            }
         }
     }
 }

@@ -25,12 +25,16 @@ public:
     /// \return the rows of a box: a blank one, and one for each account but the ledger
     QStringList const& texts() const noexcept { return texts_; }
 
+    /// \return the one of texts() that takes the most room
+    QString const& widestText() const noexcept { return widestText_; }
+
     /// \return where the account stands in texts(), the blank row when it isn't among them
     int rowOf(accounting::AccountCode const& account) const;
 
 private:
     std::vector<accounting::AccountCode> codes_;
     QStringList texts_{QString()};
+    QString widestText_;
     QHash<QString, int> rows_;
 };
 }

@@ -4,6 +4,7 @@
 #include "internal/EntryForms.h"
 #include "internal/OtherAccounts.h"
 #include "internal/TextListModel.h"
+#include "internal/Wheel.h"
 
 #include <QDebug>
 #include <QEvent>
@@ -69,11 +70,11 @@ TransactionWidget::TransactionWidget(Transaction const& txn, AccountCode const& 
                                      std::vector<AccountCode> accounts, std::set<fiscora::Currency> const& usable,
                                      navigation::CurrencyDisplayOptions const& displayAs, bool const& usesEverydayTerms,
                                      foundation::QtPtr<QWidget> const& parent)
-    : TransactionWidget(txn, ledger, OtherAccounts(std::move(accounts), ledger), usable, displayAs, usesEverydayTerms,
+    : TransactionWidget(OtherAccounts(std::move(accounts), ledger), txn, ledger, usable, displayAs, usesEverydayTerms,
                         parent)
 {}
 
-TransactionWidget::TransactionWidget(Transaction const& txn, AccountCode const& ledger, OtherAccounts const& accounts,
+TransactionWidget::TransactionWidget(OtherAccounts const& accounts, Transaction const& txn, AccountCode const& ledger,
                                      std::set<fiscora::Currency> const& usable,
                                      navigation::CurrencyDisplayOptions const& displayAs, bool const& usesEverydayTerms,
                                      foundation::QtPtr<QWidget> const& parent)
@@ -118,7 +119,7 @@ void TransactionWidget::offer(OtherAccounts const& accounts)
             logOffer(account, ledger_);
         }
     }
-    settleSize(*accountCmbbx);
+    settleSize(*accountCmbbx, accounts.widestText());
     appendTexts(*accountCmbbx, accounts.texts());
 }
 
@@ -159,18 +160,12 @@ void TransactionWidget::join()
     connect(amountMnyntry, &MoneyEntryWidget::currentIndexChanged, this, &TransactionWidget::markDirty);
     connect(removeChckbx, &QCheckBox::stateChanged, this, &TransactionWidget::markDirty);
     connect(selectedChckbx, &QCheckBox::stateChanged, this, &TransactionWidget::onStateChanged);
-    occurredOnDtdt->installEventFilter(this);
-    for (auto* const box : findChildren<QComboBox*>()) {
-        box->installEventFilter(this);
-    }
+    accountCmbbx->installEventFilter(this);
+    leaveWheelToList(*this);
 }
 
 bool TransactionWidget::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Wheel && !static_cast<QWidget const*>(watched)->hasFocus()) {
-        event->ignore(); // it is meant for the list that scrolls away under the mouse
-        return true;
-    }
     if (watched == accountCmbbx && opensPopUp(*event)) {
         makeRoomForItems(*accountCmbbx);
     }

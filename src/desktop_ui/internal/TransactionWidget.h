@@ -41,8 +41,8 @@ public:
 
     /// As above, for many forms of one ledger: it costs the same whatever the number of accounts.
     /// \param accounts made for \a ledger
-    TransactionWidget(accounting::Transaction const& txn, accounting::AccountCode const& ledger,
-                      OtherAccounts const& accounts, std::set<fiscora::Currency> const& usable,
+    TransactionWidget(OtherAccounts const& accounts, accounting::Transaction const& txn,
+                      accounting::AccountCode const& ledger, std::set<fiscora::Currency> const& usable,
                       navigation::CurrencyDisplayOptions const& displayAs, bool const& usesEverydayTerms,
                       foundation::QtPtr<QWidget> const& parent);
     ~TransactionWidget() override;

@@ -95,7 +95,7 @@ auto TransactionsWidget::addRecord(AccountCode const& ledger, Transaction&& txn)
 QtPtr<TransactionWidget> TransactionsWidget::makeRow(TransactionRecord const& record)
 {
     QtPtr<TransactionWidget> const row = new TransactionWidget(
-        record.transaction, record.ledger, othersOf(record), usable_, displayAs_, usesEverydayTerms_, transactionWdgt);
+        othersOf(record), record.transaction, record.ledger, usable_, displayAs_, usesEverydayTerms_, transactionWdgt);
     for (auto account = record.accounts; account < accounts_.size(); ++account) {
         row->addAccount(accounts_[account]);
     }

@@ -82,22 +82,40 @@ TEST_F(TransactionEntryLookTest, TheFieldsOfARowStandOnOneLine)
     EXPECT_GT(place(remove()).top(), place(reconciled()).bottom());
 }
 
-TEST_F(TransactionEntryLookTest, DescriptionAndAccountShareTheSpareWidth)
+TEST_F(TransactionEntryLookTest, TheDescriptionTakesTheSpareWidth)
 {
     showPurchase();
     form->resize(form->minimumSize());
     showActive(*form);
     auto const narrow = place(description()).width();
     auto const amountWidth = place(amount()).width();
+    auto const accountWidth = place(other()).width();
 
     form->resize(1300, form->height());
     QCoreApplication::processEvents();
 
     EXPECT_GT(narrow, 200);
-    EXPECT_GE(place(description()).width(), narrow + 200);
-    EXPECT_EQ(place(other()).width(), 300);
+    EXPECT_EQ(place(description()).width(), narrow + 1300 - form->minimumWidth());
+    EXPECT_EQ(place(other()).width(), accountWidth);
     EXPECT_EQ(place(amount()).width(), amountWidth);
     EXPECT_EQ(place(reconciled()).right(), form->width() - 1);
+}
+
+TEST_F(TransactionEntryLookTest, LongNamesLeaveRoomForTheDescriptionWhereThereIsLittle)
+{
+    accounts.push_back(account(5000, QString(200, 'W')));
+    showPurchase();
+    form->resize(form->minimumSize());
+    showActive(*form);
+    auto const narrow = place(other()).width();
+    EXPECT_GE(place(description()).width(), 200);
+
+    form->resize(1000, form->height());
+    QCoreApplication::processEvents();
+
+    EXPECT_LT(narrow, 300);
+    EXPECT_EQ(place(other()).width(), 300);
+    EXPECT_GE(place(description()).width(), 200);
 }
 
 TEST_F(TransactionEntryLookTest, ARefusalStandsBelowTheFields)

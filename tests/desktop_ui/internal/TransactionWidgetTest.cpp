@@ -2,6 +2,7 @@
 #include "internal/OtherAccounts.h"
 
 #include <QAbstractItemView>
+#include <QStyleOptionComboBox>
 
 using ::testing::ElementsAre;
 using tlm::desktop_ui::internal::OtherAccounts;
@@ -125,7 +126,7 @@ TEST_F(TransactionWidgetTest, FormsThatShareTheirAccountsKnowThemAll)
 {
     OtherAccounts const shared(accounts, cash);
     auto const make = [&](Transaction const& txn) {
-        return std::make_unique<Form>(txn, cash, shared, std::set{Currency::EUR},
+        return std::make_unique<Form>(shared, txn, cash, std::set{Currency::EUR},
                                       tlm::navigation::CurrencyDisplayOptions::Code, false, nullptr);
     };
 
@@ -138,16 +139,43 @@ TEST_F(TransactionWidgetTest, FormsThatShareTheirAccountsKnowThemAll)
     EXPECT_EQ(tlm::testing::child<QComboBox>(*grown, "accountCmbbx").count(), 4);
 }
 
-TEST_F(TransactionWidgetTest, ManyAccountsNeitherWidenTheirBoxNorBuildItsPopUp)
+TEST_F(TransactionWidgetTest, TheBoxOfAccountsKeepsToItsWidthsAndBuildsNoPopUpAheadOfTime)
 {
+    auto const least = showPurchase().minimumSizeHint();
     accounts.push_back(account(5000, QString(200, 'W')));
     showPurchase();
+    form->resize(form->minimumSize());
     tlm::testing::showActive(*form);
 
     EXPECT_EQ(other().findChild<QAbstractItemView*>(), nullptr);
     EXPECT_GE(other().width(), 150);
     EXPECT_LE(other().width(), 300);
-    EXPECT_LT(other().sizeHint().width(), 150);
+    EXPECT_EQ(form->minimumSizeHint(), least);
+}
+
+TEST_F(TransactionWidgetTest, TheBoxOfAccountsShowsItsWidestNameWhereThereIsRoom)
+{
+    auto const longName = account(5000, "Rainy day savings");
+    accounts.push_back(longName);
+    show(posting(longName, cash));
+    form->resize(form->minimumSize());
+    tlm::testing::showActive(*form);
+
+    QStyleOptionComboBox look;
+    look.initFrom(&other());
+    auto const field =
+        other().style()->subControlRect(QStyle::CC_ComboBox, &look, QStyle::SC_ComboBoxEditField, &other());
+
+    EXPECT_LE(other().fontMetrics().horizontalAdvance(other().currentText()), field.width());
+    EXPECT_LT(other().width(), 300);
+}
+
+TEST_F(TransactionWidgetTest, WithoutOtherAccountsThereIsOnlyTheBlankRow)
+{
+    Form const alone({}, cash, {}, {}, tlm::navigation::CurrencyDisplayOptions::Code, false, nullptr);
+
+    EXPECT_EQ(tlm::testing::child<QComboBox>(alone, "accountCmbbx").count(), 1);
+    EXPECT_EQ(alone.otherAccount(), std::nullopt);
 }
 
 TEST_F(TransactionWidgetTest, TheItemsOfItsBoxMayBeWiderThanTheBox)
