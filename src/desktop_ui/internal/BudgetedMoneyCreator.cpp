@@ -19,7 +19,7 @@ BudgetedMoneyCreator::~BudgetedMoneyCreator() = default;
 
 std::unique_ptr<BudgetedMoneyEntryWidget> BudgetedMoneyCreator::makeEntryWidget(std::set<Currency> const& usable,
                                                                                 CurrencyDisplayOptions const& displayAs,
-                                                                                QtPtr<QWidget> parent) const
+                                                                                QtPtr<QWidget> parent)
 {
     return std::make_unique<BudgetedMoneyEntryWidget>(usable, displayAs, parent);
 }
@@ -30,12 +30,12 @@ DebtCreator::DebtCreator(std::set<BankName> banks, std::set<AccountCode> codes, 
 
 std::unique_ptr<BudgetedMoneyEntryWidget> DebtCreator::makeEntryWidget(std::set<Currency> const& usable,
                                                                        CurrencyDisplayOptions const& displayAs,
-                                                                       QtPtr<QWidget> parent) const
+                                                                       QtPtr<QWidget> parent)
 {
     return std::make_unique<BudgetedDebtEntryWidget>(banks_, known_, usable, displayAs, parent);
 }
 
-std::unique_ptr<BudgetedMoney> DebtCreator::makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const
+std::unique_ptr<BudgetedMoney> DebtCreator::makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry)
 {
     auto const& debt = dynamic_cast<BudgetedDebtEntryWidget const&>(entry);
     return make(debt, debt.borrowed(), debt.interest());
@@ -48,12 +48,12 @@ GoalCreator::GoalCreator(std::set<BankName> banks, std::set<BudgetBankAccount> a
 
 std::unique_ptr<BudgetedMoneyEntryWidget> GoalCreator::makeEntryWidget(std::set<Currency> const& usable,
                                                                        CurrencyDisplayOptions const& displayAs,
-                                                                       QtPtr<QWidget> parent) const
+                                                                       QtPtr<QWidget> parent)
 {
     return std::make_unique<BudgetedGoalEntryWidget>(banks_, wagesTotal_, known_, usable, displayAs, parent);
 }
 
-std::unique_ptr<BudgetedMoney> GoalCreator::makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const
+std::unique_ptr<BudgetedMoney> GoalCreator::makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry)
 {
     auto const& goal = dynamic_cast<BudgetedGoalEntryWidget const&>(entry);
     return make(goal, goal.finalTotal());

@@ -29,22 +29,21 @@ struct BudgetedMoneyCreator
     /// \return a row, not loaded yet; this creator must outlive it
     virtual std::unique_ptr<BudgetedMoneyEntryWidget>
     makeEntryWidget(std::set<fiscora::Currency> const& usable, navigation::CurrencyDisplayOptions const& displayAs,
-                    foundation::QtPtr<QWidget> parent) const;
+                    foundation::QtPtr<QWidget> parent);
 
     /// \return what \a entry states, under the empty source if it names none
     /// \param entry a row that this creator made
     /// \throws DataEntryError when what is typed is no amount
-    virtual std::unique_ptr<budgeting::BudgetedMoney>
-    makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const = 0;
+    virtual std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) = 0;
 
-    virtual std::unique_ptr<budgeting::BudgetedMoney> makeEmptyBudgetedMoney() const = 0;
+    virtual std::unique_ptr<budgeting::BudgetedMoney> makeEmptyBudgetedMoney() = 0;
 };
 
 /// \tparam Item the record of one kind
 template <typename Item>
 struct BudgetedMoneyCreatorOf : BudgetedMoneyCreator
 {
-    std::unique_ptr<budgeting::BudgetedMoney> makeEmptyBudgetedMoney() const final { return std::make_unique<Item>(); }
+    std::unique_ptr<budgeting::BudgetedMoney> makeEmptyBudgetedMoney() final { return std::make_unique<Item>(); }
 
 protected:
     /// \param terms what this kind of item states beyond the values that all have
@@ -60,7 +59,7 @@ protected:
 template <typename Item>
 struct PlainMoneyCreator : BudgetedMoneyCreatorOf<Item>
 {
-    std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const final
+    std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) final
     {
         return BudgetedMoneyCreatorOf<Item>::make(entry);
     }
@@ -84,8 +83,8 @@ struct DebtCreator final : BudgetedMoneyCreatorOf<budgeting::Debt>
 
     std::unique_ptr<BudgetedMoneyEntryWidget> makeEntryWidget(std::set<fiscora::Currency> const& usable,
                                                               navigation::CurrencyDisplayOptions const& displayAs,
-                                                              foundation::QtPtr<QWidget> parent) const override;
-    std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const override;
+                                                              foundation::QtPtr<QWidget> parent) override;
+    std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) override;
 
 private:
     KnownAccounts known_; ///< shared by all rows
@@ -102,8 +101,8 @@ struct GoalCreator final : BudgetedMoneyCreatorOf<budgeting::Goal>
 
     std::unique_ptr<BudgetedMoneyEntryWidget> makeEntryWidget(std::set<fiscora::Currency> const& usable,
                                                               navigation::CurrencyDisplayOptions const& displayAs,
-                                                              foundation::QtPtr<QWidget> parent) const override;
-    std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) const override;
+                                                              foundation::QtPtr<QWidget> parent) override;
+    std::unique_ptr<budgeting::BudgetedMoney> makeBudgetedMoney(BudgetedMoneyEntryWidget const& entry) override;
 
 private:
     KnownAccounts known_; ///< shared by all rows

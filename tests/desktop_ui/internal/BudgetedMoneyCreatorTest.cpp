@@ -41,7 +41,7 @@ Money const hundred(Currency::EUR, 100, 0, 0);
 BudgetSource const car("Car");
 
 /// \return a row of \a creator that shows \a money
-std::unique_ptr<BudgetedMoneyEntryWidget> loaded(BudgetedMoneyCreator const& creator, BudgetedMoney const& money)
+std::unique_ptr<BudgetedMoneyEntryWidget> loaded(BudgetedMoneyCreator& creator, BudgetedMoney const& money)
 {
     auto row = creator.makeEntryWidget({Currency::EUR}, tlm::navigation::CurrencyDisplayOptions::Code, nullptr);
     row->setBudgetedMoney(money);
@@ -50,7 +50,7 @@ std::unique_ptr<BudgetedMoneyEntryWidget> loaded(BudgetedMoneyCreator const& cre
 
 /// Each kind makes an empty record, a row of its own, and reads back what it loaded, source and all.
 template <typename Row, typename Item>
-void expectToKeep(BudgetedMoneyCreator const& creator, Item const& item)
+void expectToKeep(BudgetedMoneyCreator&& creator, Item const& item)
 {
     auto const empty = creator.makeEmptyBudgetedMoney();
     auto const row = loaded(creator, item);
@@ -96,7 +96,7 @@ TEST(BudgetedMoneyCreatorTest, AGoalAddsItsFinalTotal)
 
 TEST(BudgetedMoneyCreatorTest, ARowWithoutANameStatesTheEmptySource)
 {
-    BillCreator const creator;
+    BillCreator creator;
     auto const row = loaded(creator, Bill());
 
     EXPECT_EQ(creator.makeBudgetedMoney(*row)->source(), BudgetSource());
@@ -105,7 +105,7 @@ TEST(BudgetedMoneyCreatorTest, ARowWithoutANameStatesTheEmptySource)
 TEST(BudgetedMoneyCreatorTest, ADebtKnowsItsBankAndAccount)
 {
     BankAccount const lent{birch, loan.number(), BankAccountTypes::Loan};
-    DebtCreator const creator({birch}, {loan}, {{car, lent}});
+    DebtCreator creator({birch}, {loan}, {{car, lent}});
 
     auto const row = loaded(creator, debt);
 
@@ -116,7 +116,7 @@ TEST(BudgetedMoneyCreatorTest, ADebtKnowsItsBankAndAccount)
 TEST(BudgetedMoneyCreatorTest, AGoalKnowsItsBankItsAccountAndTheWages)
 {
     BankAccount const store{birch, savings.number(), BankAccountTypes::Savings};
-    GoalCreator const creator({birch}, {{car, store}}, {savings}, Money(Currency::EUR, 400, 0, 0));
+    GoalCreator creator({birch}, {{car, store}}, {savings}, Money(Currency::EUR, 400, 0, 0));
     auto const row = creator.makeEntryWidget({Currency::EUR}, tlm::navigation::CurrencyDisplayOptions::Code, nullptr);
     QObject::connect(row.get(), &BudgetedMoneyEntryWidget::lookUpBankAccounts, row.get(),
                      [&](auto const& bank) { row->onLookedUpBankAccounts(bank, {store.numberBankType()}); });
@@ -131,7 +131,8 @@ TEST(BudgetedMoneyCreatorTest, AGoalKnowsItsBankItsAccountAndTheWages)
 
 TEST(BudgetedMoneyCreatorTest, ARowOfAnotherKindIsAFault)
 {
-    auto const row = loaded(BillCreator(), plain<Bill>());
+    BillCreator creator;
+    auto const row = loaded(creator, plain<Bill>());
 
     EXPECT_THROW(DebtCreator({}, {}, {}).makeBudgetedMoney(*row), std::bad_cast);
     EXPECT_THROW(GoalCreator({}, {}, {}, Money()).makeBudgetedMoney(*row), std::bad_cast);

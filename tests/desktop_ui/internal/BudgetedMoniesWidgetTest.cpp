@@ -13,6 +13,32 @@ using tlm::testing::child;
 using tlm::testing::expectMessage;
 using tlm::testing::MessageLog;
 
+namespace {
+
+/// Makes rows of bills, and keeps what it was asked for.
+struct RowsAskedFor : tlm::desktop_ui::internal::BudgetedMoneyCreator
+{
+    using Row = tlm::desktop_ui::internal::BudgetedMoneyEntryWidget;
+    using Money = std::unique_ptr<tlm::budgeting::BudgetedMoney>;
+    using Currencies = std::set<fiscora::Currency>;
+    using DisplayAs = tlm::navigation::CurrencyDisplayOptions;
+    using Parent = tlm::foundation::QtPtr<QWidget>;
+    using Asked = std::tuple<Currencies, DisplayAs, QWidget*>;
+
+    explicit RowsAskedFor(std::vector<Asked>& all) : asked(all) {}
+
+    std::unique_ptr<Row> makeEntryWidget(Currencies const& usable, DisplayAs const& displayAs, Parent parent) override
+    {
+        asked.emplace_back(usable, displayAs, parent.get());
+        return BudgetedMoneyCreator::makeEntryWidget(usable, displayAs, parent);
+    }
+    Money makeBudgetedMoney(Row const& /*entry*/) override { return makeEmptyBudgetedMoney(); }
+    Money makeEmptyBudgetedMoney() override { return std::make_unique<tlm::budgeting::Bill>(); }
+
+    std::vector<Asked>& asked;
+};
+}
+
 class BudgetedMoniesWidgetTest : public tlm::testing::BudgetedMoniesFixture
 {
 protected:
@@ -60,6 +86,21 @@ TEST_F(BudgetedMoniesWidgetTest, NoItemsGiveOneEmptyRowAndATotalOfZero)
     EXPECT_EQ(rows().front()->originalSource(), std::nullopt);
     EXPECT_FALSE(isAnyRowDirty());
     EXPECT_EQ(total(), euros(0));
+}
+
+TEST_F(BudgetedMoniesWidgetTest, EachRowIsMadeByTheCreatorForTheView)
+{
+    std::vector<RowsAskedFor::Asked> asked;
+    std::set const usable{Currency::EUR, Currency::USD};
+    auto const asSymbol = tlm::navigation::CurrencyDisplayOptions{1};
+    view = new View("Budgeted Bills:", std::make_unique<RowsAskedFor>(asked), Currency::EUR, usable, asSymbol, nullptr);
+
+    view->load(tlm::budgeting::BillMap());
+    addButton().click();
+
+    EXPECT_THAT(asked,
+                ElementsAre(RowsAskedFor::Asked(usable, asSymbol, view), RowsAskedFor::Asked(usable, asSymbol, view)));
+    EXPECT_EQ(rows().size(), 2);
 }
 
 TEST_F(BudgetedMoniesWidgetTest, ItemsStandInTheOrderOfTheirSourcesAndAreClean)
