@@ -75,7 +75,7 @@ bool TextListModel::removeRows(int row, int count, QModelIndex const& parent)
 void appendTexts(QComboBox& box, QStringList const& texts)
 {
     auto* model = dynamic_cast<TextListModel*>(box.model());
-    if (model == nullptr && box.count() + texts.size() <= cheapestByItem) {
+    if (model == nullptr && (box.count() > 0 || texts.size() <= cheapestByItem)) {
         for (auto const& text : texts) {
             box.addItem(text);
         }

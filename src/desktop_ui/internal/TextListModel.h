@@ -29,6 +29,6 @@ private:
 
 /// Adds \a texts to \a box as QComboBox::addItem() would, each in turn, but without copying them.
 ///
-/// \param box emits the same signals as there, but what else it held may be gone: clear it first
+/// \param box emits the same signals as there
 void appendTexts(QComboBox& box, QStringList const& texts);
 }

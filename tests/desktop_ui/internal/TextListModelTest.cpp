@@ -121,6 +121,17 @@ TEST(AppendTextsTest, LaterTextsComeBelowAndLeaveTheSelection)
     EXPECT_TRUE(heard.empty());
 }
 
+TEST(AppendTextsTest, ManyTextsLeaveTheItemsThatABoxHas)
+{
+    QComboBox box;
+    QStringList const few{"1", "2", "3", "4", "5", "6", "7", "8"};
+    appendTexts(box, few);
+
+    appendTexts(box, few + few);
+
+    EXPECT_EQ(itemTexts(box), few + few + few);
+}
+
 TEST(AppendTextsTest, NoTextsAddNothing)
 {
     QComboBox box;
