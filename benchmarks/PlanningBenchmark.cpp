@@ -5,6 +5,7 @@
 #include <tlm/banking/BankName.h>
 #include <tlm/budgeting/BudgetedMoneyMap.h>
 #include <tlm/desktop_ui/MainWindow.h>
+#include <tlm/foundation/Percentage.h>
 #include <tlm/navigation/BudgetBankAccount.h>
 #include <tlm/navigation/ConfigurationOptions.h>
 #include <tlm/navigation/GuiElementIdentifier.h>
@@ -14,8 +15,8 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <iterator>
 #include <malloc.h>
 
 namespace {
@@ -23,7 +24,15 @@ namespace {
 using namespace tlm;
 
 constexpr auto currencies = 20;
+constexpr auto accountsAtBank = 20U;
 constexpr auto bytesInKilobyte = 1'024.0;
+
+QDate const firstDue(2024, 1, 31);
+
+fiscora::Money euros(long long whole)
+{
+    return {fiscora::Currency::EUR, whole, 50, 0};
+}
 
 std::set<fiscora::Currency> usableCurrencies()
 {
@@ -36,15 +45,23 @@ std::set<fiscora::Currency> usableCurrencies()
     return usable;
 }
 
+/// \param item makes one under a source and with an amount
+template <typename Map, typename MakeItem>
+Map planned(benchmark::State const& state, MakeItem const& item)
+{
+    Map map;
+    for (auto number = 1; number <= state.range(0); ++number) {
+        budgeting::BudgetSource const source(QStringLiteral("Item %1").arg(number));
+        map.emplace(source, item(source, euros(number)));
+    }
+    return map;
+}
+
 budgeting::BillMap monthlyBills(benchmark::State const& state)
 {
-    budgeting::BillMap bills;
-    for (auto number = 1; number <= state.range(0); ++number) {
-        budgeting::BudgetSource const source(QStringLiteral("Bill %1").arg(number));
-        bills.emplace(source, budgeting::Bill(source, fiscora::Money(fiscora::Currency::EUR, number, 50, 0),
-                                              budgeting::EventFrequency::Monthly, QDate(2024, 1, 31)));
-    }
-    return bills;
+    return planned<budgeting::BillMap>(state, [](auto const& source, auto const& amount) {
+        return budgeting::Bill(source, amount, budgeting::EventFrequency::Monthly, firstDue);
+    });
 }
 
 /// A window on screen and the budget that it shows.
@@ -57,10 +74,14 @@ struct Planning
         QCoreApplication::processEvents();
     }
 
-    /// Ends when the view has been painted.
-    void show()
+    void showBills()
     {
         window.onShowBills(bills, fiscora::Currency::EUR, usable, navigation::CurrencyDisplayOptions::Code);
+    }
+
+    /// Ends when the view that the window shows has been painted.
+    void settle()
+    {
         QCoreApplication::processEvents();
         window.repaint();
     }
@@ -81,27 +102,27 @@ struct Planning
     std::set<fiscora::Currency> const usable = usableCurrencies();
 };
 
-/// Goals that each lie in an account of their own, all at one bank.
-struct StoredGoals
+/// The accounts of one bank, and in which of them each item is kept.
+struct Kept
 {
-    explicit StoredGoals(benchmark::State const& state)
+    template <typename Map>
+    Kept(Map const& items, banking::BankAccountTypes type)
     {
-        for (unsigned int number = 1; number <= state.range(0); ++number) {
-            budgeting::BudgetSource const source(QStringLiteral("Goal %1").arg(number));
-            fiscora::Money const amount(fiscora::Currency::EUR, number, 50, 0);
-            goals.emplace(source, budgeting::Goal(source, amount, budgeting::EventFrequency::Monthly,
-                                                  QDate(2024, 1, 31), fiscora::Money(amount.code(), 90'000, 0, 0)));
-            banking::BankAccount const account{bank, accounting::AccountNumber(number),
-                                               banking::BankAccountTypes::Savings};
-            keptAt.insert({source, account});
-            codes.emplace(account.number, source.name(), std::nullopt);
+        for (unsigned int number = 1; number <= accountsAtBank; ++number) {
+            codes.emplace(accounting::AccountNumber(number), QStringLiteral("Account %1").arg(number), std::nullopt);
+            accounts.emplace(accounting::AccountNumber(number), type);
+        }
+        auto account = codes.begin();
+        for (auto const& [source, item] : items) {
+            keptAt.insert({source, {bank, account->number(), type}});
+            account = std::next(account) == codes.end() ? codes.begin() : std::next(account);
         }
     }
 
     banking::BankName const bank{QStringLiteral("Riverside Bank")};
-    budgeting::GoalMap goals;
-    std::set<navigation::BudgetBankAccount> keptAt;
     std::set<accounting::AccountCode> codes;
+    std::set<banking::AccountNumberBankType> accounts;
+    std::set<navigation::BudgetBankAccount> keptAt;
 };
 
 void countPerRow(benchmark::State& state)
@@ -111,15 +132,17 @@ void countPerRow(benchmark::State& state)
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
-void showBills(benchmark::State& state)
+/// \param show has the window of \a planning show a view
+template <typename Show>
+void measureShowing(benchmark::State& state, Planning& planning, Show const& show)
 {
-    Planning planning(state);
-    planning.show(); // what is made once a process
+    show(); // what is made once a process
     planning.end();
     std::size_t grown = 0;
     for ([[maybe_unused]] auto const _ : state) {
         auto const before = mallinfo2().uordblks;
-        planning.show();
+        show();
+        planning.settle();
         grown = mallinfo2().uordblks - before;
         state.PauseTiming();
         planning.end();
@@ -129,23 +152,41 @@ void showBills(benchmark::State& state)
     state.counters["KB_per_row"] = static_cast<double>(grown) / bytesInKilobyte / static_cast<double>(state.range(0));
 }
 
-/// Each row asks for the accounts of its bank while it loads, which nobody answers here.
+void showBills(benchmark::State& state)
+{
+    Planning planning(state);
+    measureShowing(state, planning, [&] { planning.showBills(); });
+}
+
+void showDebts(benchmark::State& state)
+{
+    Planning planning(state);
+    auto const debts = planned<budgeting::DebtMap>(state, [](auto const& source, auto const& amount) {
+        return budgeting::Debt(source, amount, budgeting::EventFrequency::Monthly, firstDue, euros(90'000),
+                               foundation::Percentage(4.5, 2));
+    });
+    Kept const kept(debts, banking::BankAccountTypes::Loan);
+    measureShowing(state, planning, [&] {
+        planning.window.onShowDebts(debts, kept.keptAt, kept.codes, {kept.bank}, fiscora::Currency::EUR,
+                                    planning.usable, navigation::CurrencyDisplayOptions::Code);
+    });
+}
+
+/// Each row asks for the accounts of its bank while it loads.
 void showGoals(benchmark::State& state)
 {
     Planning planning(state);
-    StoredGoals const stored(state);
     auto& window = planning.window;
-    for ([[maybe_unused]] auto const _ : state) {
-        window.onShowGoals(stored.goals, stored.keptAt, stored.codes, {stored.bank}, fiscora::Currency::EUR,
-                           planning.usable, navigation::CurrencyDisplayOptions::Code,
-                           fiscora::Money(fiscora::Currency::EUR, 5'000, 0, 0));
-        QCoreApplication::processEvents();
-        window.repaint();
-        state.PauseTiming();
-        planning.end();
-        state.ResumeTiming();
-    }
-    countPerRow(state);
+    auto const goals = planned<budgeting::GoalMap>(state, [](auto const& source, auto const& amount) {
+        return budgeting::Goal(source, amount, budgeting::EventFrequency::Monthly, firstDue, euros(90'000));
+    });
+    Kept const kept(goals, banking::BankAccountTypes::Savings);
+    QObject::connect(&window, &desktop_ui::MainWindow::lookUpBankAccounts, &window,
+                     [&](auto const& bank, auto) { emit window.lookedUpBankAccounts(bank, kept.accounts); });
+    measureShowing(state, planning, [&] {
+        window.onShowGoals(goals, kept.keptAt, kept.codes, {kept.bank}, fiscora::Currency::EUR, planning.usable,
+                           navigation::CurrencyDisplayOptions::Code, euros(5'000));
+    });
 }
 
 /// Saves when every row has changed, each answered inside the emission.
@@ -161,7 +202,8 @@ void saveBills(benchmark::State& state)
                      });
     for ([[maybe_unused]] auto const _ : state) {
         state.PauseTiming();
-        planning.show();
+        planning.showBills();
+        planning.settle();
         for (auto* const row : planning.rows()) {
             QMetaObject::invokeMethod(row, "markDirty");
         }
@@ -180,7 +222,8 @@ void saveBills(benchmark::State& state)
 }
 
 BENCHMARK(showBills)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
-BENCHMARK(showGoals)->Arg(500)->Arg(2'000)->Iterations(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(showDebts)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(showGoals)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(saveBills)->Arg(500)->Arg(1'000)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)

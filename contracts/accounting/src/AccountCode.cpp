@@ -70,8 +70,10 @@ AccountCode toAccountCode(QString const& text)
 
 std::optional<AccountCode> find(AccountNumber const& number, std::set<AccountCode> const& codes)
 {
-    auto const found = std::ranges::find(codes, number, &AccountCode::number);
-    return found == codes.end() ? std::nullopt : std::optional(*found);
+    AccountCode first; // a code without a name comes before those with one
+    first.number_ = number;
+    auto const found = codes.lower_bound(first);
+    return found == codes.end() || *found != number ? std::nullopt : std::optional(*found);
 }
 
 QDebug operator<<(QDebug debug, AccountCode const& code)

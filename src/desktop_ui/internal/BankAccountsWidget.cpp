@@ -1,7 +1,9 @@
 #include "internal/BankAccountsWidget.h"
 
+#include "internal/ComboBoxes.h"
 #include "internal/DisableSignalsTemporarily.h"
 #include "internal/Shared.h"
+#include "internal/TextListModel.h"
 #include "tlm/desktop_ui/DataEntryError.h"
 
 #include <tlm/banking/BankError.h>
@@ -38,10 +40,12 @@ std::optional<int> findRow(QComboBox const& box, Matches const& matches)
     return std::nullopt;
 }
 
-void offerAnew(QComboBox& box)
+/// Offers the blank row and \a texts in place of what \a box offered.
+void offerAnew(QComboBox& box, QStringList const& texts = {})
 {
     box.clear();
-    box.addItem(QString());
+    appendTexts(box, QStringList(QString()) + texts);
+    settleContents(box);
 }
 
 /// \return \a types or, without a set, every type; the blank row stands for `Unspecified`
@@ -53,6 +57,27 @@ std::set<BankAccountTypes> specifiedOf(std::optional<std::set<BankAccountTypes>>
     return specified;
 }
 }
+
+/// How the accounts of a bank read, up to one whose number isn't known.
+struct BankAccountsWidget::Accounts
+{
+    using Key = std::pair<Codes, std::set<AccountNumberBankType>>;
+
+    explicit Accounts(Key const& key)
+    {
+        for (auto const& account : key.second) {
+            auto const code = accounting::find(account.number, *key.first);
+            if (!code) {
+                unknown = account.number;
+                return;
+            }
+            texts.append(presentationText(*code));
+        }
+    }
+
+    QStringList texts;
+    std::optional<AccountNumber> unknown;
+};
 
 BankAccountsWidget::BankAccountsWidget(std::set<BankName> const& banks,
                                        std::optional<std::set<BankAccountTypes>> const& types,
@@ -77,10 +102,11 @@ BankAccountsWidget::BankAccountsWidget(foundation::QtPtr<QWidget> const& parent)
 
 void BankAccountsWidget::setBanks(std::set<BankName> const& banks)
 {
-    offerAnew(*bankCmbbx);
+    QStringList institutions;
     for (auto const& bank : banks) {
-        bankCmbbx->addItem(bank.institution());
+        institutions.append(bank.institution());
     }
+    offerAnew(*bankCmbbx, institutions);
 }
 
 void BankAccountsWidget::setCodes(std::set<AccountCode> const& codes)
@@ -88,7 +114,7 @@ void BankAccountsWidget::setCodes(std::set<AccountCode> const& codes)
     shareCodes(shared<std::set<AccountCode>>(codes));
 }
 
-void BankAccountsWidget::shareCodes(std::shared_ptr<std::set<AccountCode> const> codes)
+void BankAccountsWidget::shareCodes(Codes codes)
 {
     codes_ = std::move(codes);
 }
@@ -96,10 +122,11 @@ void BankAccountsWidget::shareCodes(std::shared_ptr<std::set<AccountCode> const>
 void BankAccountsWidget::setTypes(std::set<BankAccountTypes> const& types)
 {
     DisableSignalsTemporarily<QComboBox> const quiet(typeCmbbx);
-    offerAnew(*typeCmbbx);
+    QStringList texts;
     for (auto const& type : types) {
-        typeCmbbx->addItem(presentationText(type));
+        texts.append(presentationText(type));
     }
+    offerAnew(*typeCmbbx, texts);
 }
 
 void BankAccountsWidget::setDescription(std::optional<QString> const& description)
@@ -212,19 +239,20 @@ int BankAccountsWidget::ensureRow(AccountNumberBankType const& account)
         return *row;
     }
     accountTypes_.insert(account);
-    offer(account.number);
+    Accounts const added({codes_, {account}});
+    appendTexts(*accountCmbbx, added.texts);
+    settleContents(*accountCmbbx);
+    raiseUnknown(added);
     return accountCmbbx->count() - 1;
 }
 
-void BankAccountsWidget::offer(AccountNumber const& number)
+void BankAccountsWidget::raiseUnknown(Accounts const& accounts) const
 {
-    auto const code = accounting::find(number, *codes_);
-    if (!code) {
+    if (accounts.unknown) {
         throw banking::BankError(bank().value_or(BankName()),
-                                 tr("The account number %1 is not known.").arg(presentationText(number)),
+                                 tr("The account number %1 is not known.").arg(presentationText(*accounts.unknown)),
                                  std::exception());
     }
-    accountCmbbx->addItem(presentationText(*code));
 }
 
 void BankAccountsWidget::setType(BankAccountTypes type)
@@ -238,10 +266,10 @@ void BankAccountsWidget::setType(BankAccountTypes type)
 void BankAccountsWidget::lookedUpBankAccounts(std::set<AccountNumberBankType> accountTypes)
 {
     accountTypes_ = std::move(accountTypes);
-    offerAnew(*accountCmbbx);
-    for (auto const& account : accountTypes_) {
-        offer(account.number);
-    }
+    lookedUp_ = shared<Accounts>(Accounts::Key(codes_, accountTypes_));
+    auto const offered = lookedUp_; // an owner who hears of the lost choice may look up others
+    offerAnew(*accountCmbbx, offered->texts);
+    raiseUnknown(*offered);
 }
 
 void BankAccountsWidget::onBankCurrentIndexChanged(int index)

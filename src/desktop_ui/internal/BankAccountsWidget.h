@@ -27,6 +27,8 @@ class BankAccountsWidget : public QWidget, private Ui::BankAccountsWidget
 {
     Q_OBJECT
 
+    using Codes = std::shared_ptr<std::set<accounting::AccountCode> const>;
+
 public:
     /// \param types offered in the order of their values, all when there is no set; `Unspecified` is never offered
     /// \param codes of all accounts that an answer may name
@@ -44,7 +46,7 @@ public:
     void setCodes(std::set<accounting::AccountCode> const& codes);
 
     /// As setCodes(), for many widgets that know the same \a codes.
-    void shareCodes(std::shared_ptr<std::set<accounting::AccountCode> const> codes);
+    void shareCodes(Codes codes);
 
     /// Offers \a types anew, `Unspecified` too if it is among them, and chooses none of them, without a signal.
     void setTypes(std::set<banking::BankAccountTypes> const& types);
@@ -111,12 +113,15 @@ private slots:
     void onTypeCurrentIndexChanged(int index);
 
 private:
+    struct Accounts;
+
     void setType(banking::BankAccountTypes type);
     int ensureRow(banking::AccountNumberBankType const& account);
-    void offer(accounting::AccountNumber const& number);
+    void raiseUnknown(Accounts const& accounts) const;
 
     std::set<banking::AccountNumberBankType> accountTypes_;
-    std::shared_ptr<std::set<accounting::AccountCode> const> codes_; ///< shared by all widgets that know the same
+    Codes codes_;                              ///< shared by all widgets that know the same
+    std::shared_ptr<Accounts const> lookedUp_; ///< shared by all widgets that were answered the same
     bool isTypeDisabled_ = false;
 };
 }

@@ -34,6 +34,7 @@ using navigation::GuiElementIdentifier;
 namespace {
 
 constexpr Currency noCurrency{999};
+constexpr auto rowsBetweenTidyings = 32;
 
 /// \return what \a entry comes to per month, none if it counts in no total
 /// \throws DataEntryError when what is typed is no amount
@@ -45,6 +46,13 @@ std::optional<Money> monthlyAmount(BudgetedMoneyEntryWidget const& entry)
         return std::nullopt;
     }
     return budgeting::accumulateOver(EventFrequency::Monthly, amount, period);
+}
+
+/// A new widget posts a request to be polished, which being shown does as well. Qt searches all that is posted whenever a
+/// layout changes or a widget ends, so that each of thousands of rows would cost more than the one before.
+void forgetPolishRequests()
+{
+    QCoreApplication::removePostedEvents(nullptr, QEvent::PolishRequest);
 }
 }
 
@@ -178,6 +186,9 @@ auto BudgetedMoniesWidget::add(BudgetedMoney const& item, bool isNew) -> Entry
     }
     auto const spacer = budgetedMoneyEntriesVbxlyt->count() - 1;
     budgetedMoneyEntriesVbxlyt->insertWidget(isNew ? 0 : spacer, entry.get());
+    if (spacer % rowsBetweenTidyings == rowsBetweenTidyings - 1) {
+        forgetPolishRequests();
+    }
     return entry;
 }
 

@@ -45,6 +45,8 @@ public:
     }
 
 private:
+    friend std::optional<AccountCode> find(AccountNumber const& number, std::set<AccountCode> const& codes);
+
     AccountNumber number_;
     QString name_;
     std::optional<AccountNumber> parent_;
