@@ -8,17 +8,14 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 
+#include <support/DollarsAndEuros.h>
+
 namespace tallymere {
 
 using fiscora::Currency;
 using fiscora::Money;
 using tlm::banking::BankAccountTypes;
 using tlm::banking::BankName;
-
-inline Money dollars(long long units, unsigned short cents = 0)
-{
-    return {Currency::USD, units, cents, 0};
-}
 
 /// A journey through a budget in which nothing is planned yet. It is kept in dollars, knows euros at 1.25 dollars each, and one bank
 /// with one account.
@@ -30,15 +27,7 @@ protected:
         auto const places = storage::Places::ofUser();
         auto const document = storage::Document::create(places, engine::emptyContent(QLocale()));
         engine::Household household(document->content(), *document);
-        auto settings = household.content().settings;
-        settings.preferred = Currency::USD;
-        settings.usable = {Currency::USD, Currency::EUR};
-        settings.displayAs = tlm::navigation::CurrencyDisplayOptions::Code;
-        household.configure(settings);
-        tlm::conversion::ConversionMap rates;
-        rates.updateConversion(Currency::EUR, Currency::USD, fiscora::FloatingPoint(1.25), {});
-        rates.updateConversion(Currency::USD, Currency::EUR, fiscora::FloatingPoint(0.8), {});
-        household.setRates(rates);
+        keepInDollarsAndEuros(household, {.dollarsAnEuro = 1.25, .eurosADollar = 0.8});
         household.addBank(BankName("Aspen Bank"));
         household.addBankAccount(BankName("Aspen Bank"), "Everyday", BankAccountTypes::Checking, dollars(500),
                                  QDate::currentDate());

@@ -6,6 +6,8 @@
 #include <QDate>
 #include <QLocale>
 
+#include <support/DollarsAndEuros.h>
+
 namespace tallymere {
 namespace {
 
@@ -14,11 +16,6 @@ using fiscora::Money;
 using tlm::accounting::AccountNumber;
 using tlm::banking::BankAccountTypes;
 using tlm::banking::BankName;
-
-Money dollars(long long units)
-{
-    return {Currency::USD, units, 0, 0};
-}
 
 /// A budget with a bank and two accounts, of which one holds 500 dollars.
 class KilledProcessTest : public ProcessTest

@@ -13,19 +13,10 @@
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <optional>
+#include <support/DollarsAndEuros.h>
 #include <utility>
 
 namespace tallymere::engine {
-
-inline fiscora::Money dollars(long long units, unsigned short cents = 0)
-{
-    return {fiscora::Currency::USD, units, cents, 0};
-}
-
-inline fiscora::Money euros(long long units, unsigned short cents = 0)
-{
-    return {fiscora::Currency::EUR, units, cents, 0};
-}
 
 inline tlm::budgeting::BudgetItemIdentifier named(tlm::budgeting::BudgetItemTypes type, QString const& name)
 {

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <optional>
+#include <support/DollarsAndEuros.h>
 #include <vector>
 
 namespace tallymere::presenter {
@@ -27,16 +28,6 @@ using tlm::accounting::AccountTypes;
 using tlm::banking::BankAccountTypes;
 using tlm::banking::BankName;
 using tlm::desktop_ui::MainWindow;
-
-inline Money dollars(long long units)
-{
-    return {Currency::USD, units, 0, 0};
-}
-
-inline Money euros(long long units)
-{
-    return {Currency::EUR, units, 0, 0};
-}
 
 /// A posting without description that isn't cleared.
 inline Posting made(AccountNumber const& debiting, AccountNumber const& crediting, Money const& amount,
@@ -146,15 +137,7 @@ protected:
 private:
     void setUp(Household& household)
     {
-        auto settings = household.content().settings;
-        settings.preferred = Currency::USD;
-        settings.usable = {Currency::USD, Currency::EUR};
-        settings.displayAs = tlm::navigation::CurrencyDisplayOptions::Code;
-        household.configure(settings);
-        tlm::conversion::ConversionMap rates;
-        rates.updateConversion(Currency::EUR, Currency::USD, fiscora::FloatingPoint(1.5), {});
-        rates.updateConversion(Currency::USD, Currency::EUR, fiscora::FloatingPoint(0.5), {});
-        household.setRates(rates);
+        keepInDollarsAndEuros(household, {.dollarsAnEuro = 1.5, .eurosADollar = 0.5});
         QDate const opened(2026, 1, 2);
         household.addBank(bank);
         household.addBank(otherBank);

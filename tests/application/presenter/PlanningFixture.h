@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <support/DollarsAndEuros.h>
 #include <vector>
 
 namespace tallymere::presenter {
@@ -37,16 +38,6 @@ using tlm::navigation::GuiElementIdentifier;
 
 inline constexpr auto everyKind = {BudgetItemTypes::Bill, BudgetItemTypes::Debt, BudgetItemTypes::Goal,
                                    BudgetItemTypes::Nontrack, BudgetItemTypes::Wage};
-
-inline Money dollars(long long units)
-{
-    return {Currency::USD, units, 0, 0};
-}
-
-inline Money euros(long long units)
-{
-    return {Currency::EUR, units, 0, 0};
-}
 
 /// How the presenter answered one change.
 struct Answer
@@ -160,15 +151,7 @@ protected:
 private:
     void setUp(engine::Household& household)
     {
-        auto settings = household.content().settings;
-        settings.preferred = Currency::USD;
-        settings.usable = {Currency::USD, Currency::EUR};
-        settings.displayAs = tlm::navigation::CurrencyDisplayOptions::Code;
-        household.configure(settings);
-        tlm::conversion::ConversionMap rates;
-        rates.updateConversion(Currency::EUR, Currency::USD, fiscora::FloatingPoint(1.5), {});
-        rates.updateConversion(Currency::USD, Currency::EUR, fiscora::FloatingPoint(0.5), {});
-        household.setRates(rates);
+        keepInDollarsAndEuros(household, {.dollarsAnEuro = 1.5, .eurosADollar = 0.5});
         household.addBank(bank);
         QDate const opened(2026, 1, 2);
         everyday.number = household.addBankAccount(bank, "Everyday", everyday.type, dollars(500), opened);
