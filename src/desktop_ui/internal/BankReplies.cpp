@@ -96,4 +96,16 @@ Distance distance(QString const& text, BankEntryWidget const& form, std::optiona
     }
     return typed ? Distance(3) : std::nullopt;
 }
+
+bool isNamed(QString const& told, AccountCode const& code)
+{
+    auto const isNew = told.startsWith(presentationText(AccountNumber()) + AccountCode::separator_);
+    return told == presentationText(code) ||
+           (isNew && (code.name().isEmpty() || distanceOfName(nameIn(told, code.name()), code.name())));
+}
+
+bool isNamed(QString const& told, BankName const& name)
+{
+    return name.isEmpty() || distanceOfName(told, name.institution());
+}
 }

@@ -31,4 +31,11 @@ Distance distance(QString const& text, BankEntryWidget const& form, banking::Ban
 /// Takes what a refusal names.
 Distance distance(QString const& text, BankEntryWidget const& form, std::optional<banking::BankName> const& original,
                   std::optional<banking::BankName> const& displayed);
+
+/// \param told names an account that was sent: its whole text, or as much of that as it had
+/// \return whether a reply with \a code may be about it
+bool isNamed(QString const& told, accounting::AccountCode const& code);
+
+/// \param told names a bank that was sent
+bool isNamed(QString const& told, banking::BankName const& name);
 }

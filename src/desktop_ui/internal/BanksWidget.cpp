@@ -55,6 +55,15 @@ Account const& locate(AccountNumber const& number, AccountsByNumber const& accou
     return *found->second;
 }
 
+std::set<AccountNumber> numbersOf(std::set<Account> const& accounts)
+{
+    std::set<AccountNumber> numbers;
+    for (auto const& account : accounts) {
+        numbers.insert(account.code().number());
+    }
+    return numbers;
+}
+
 QString told(QTreeWidgetItem const& row)
 {
     return row.text(nameColumn);
@@ -63,13 +72,10 @@ QString told(QTreeWidgetItem const& row)
 
 BanksWidget::BanksWidget(banking::BankMap const& banks, std::set<Account> const& allAccounts, std::set<Currency> usable,
                          navigation::CurrencyDisplayOptions const& displayAs, QtPtr<QWidget> const& parent)
-    : QWidget(parent.get()), usable_(std::move(usable)), displayAs_(displayAs)
+    : QWidget(parent.get()), numbers_(numbersOf(allAccounts)), usable_(std::move(usable)), displayAs_(displayAs)
 {
     setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    for (auto const& account : allAccounts) {
-        numbers_.insert(account.code().number());
-    }
     load(banks, allAccounts);
     addButtons();
     leadTabToButtonsBehind(*formOf(bankAndAccountsTrwdgt->currentItem())); // that was made last
@@ -194,8 +200,8 @@ void BanksWidget::insert(Row row, Account const& account, std::optional<accounti
     row->setText(nameColumn, isNew ? AccountEntryWidget::newEntryText() : presentationText(account.code()));
     row->setTextAlignment(balanceColumn, Qt::AlignTrailing | Qt::AlignVCenter);
     auto* const form =
-        new AccountEntryWidget(isNew ? std::nullopt : std::optional(account.code()), account.isClosed(), ledgerType,
-                               account.balance(), numbers_, usableFor(account.balance()), displayAs_, bankType, this);
+        new AccountEntryWidget(numbers_, isNew ? std::nullopt : std::optional(account.code()), account.isClosed(),
+                               ledgerType, account.balance(), usableFor(account.balance()), displayAs_, bankType, this);
     accountEntries_.add(row, form);
     place(row, *form);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "internal/ParentNumbers.h"
 #include "internal/RowForms.h"
 #include "ui_BanksWdgt.h"
 
@@ -135,6 +136,7 @@ private:
     bool save(AccountEntryWidget& form, QString const& text);
     bool save(BankEntryWidget& form, QString const& text);
     void modify(BankEntryWidget& form, QString const& text);
+    banking::BankName await(BankEntryWidget const& form);
     std::map<accounting::AccountNumber, banking::BankAccountTypes> accountsOf(Row bank) const;
     void saveBanksOnceAccountsAreSaved();
 
@@ -144,7 +146,7 @@ private:
     bool anyAccountDirty() const;
     bool anyDirty() const;
 
-    std::set<accounting::AccountNumber> numbers_;
+    ParentNumbers numbers_;
     std::set<fiscora::Currency> usable_;
     navigation::CurrencyDisplayOptions displayAs_;
     foundation::QtPtr<QPushButton> addBankBttn_;

@@ -1,8 +1,6 @@
 #include "internal/AccountEntryWidget.h"
 #include "internal/BankEntryWidget.h"
-#include "internal/BankReplies.h"
 #include "internal/BanksWidget.h"
-#include "tlm/desktop_ui/DataEntryError.h"
 
 #include <tlm/foundation/Error.h>
 
@@ -26,12 +24,6 @@ namespace {
 
 constexpr int nameColumn = 0;
 
-void paint(QTreeWidgetItem& row, QColor const& colour)
-{
-    row.setBackground(nameColumn, QBrush(colour));
-    row.setForeground(nameColumn, QBrush(Qt::black)); // which reads well on either colour, in a dark palette too
-}
-
 /// \throws Error when there is none
 template <typename Form>
 Form& observed(Form* form)
@@ -40,29 +32,6 @@ Form& observed(Form* form)
         throw Error(BanksWidget::tr("Failed to locate the widget being observed."));
     }
     return *form;
-}
-
-bool isNew(AccountEntryWidget const& form)
-{
-    return !form.code();
-}
-
-bool isNew(BankEntryWidget const& form)
-{
-    return !form.bank();
-}
-
-/// \return the row of \a entries that a reply is about, nullptr when there is none
-/// \param distance as RowForms::nearest() has it. What is new and just being sent is meant by a reply that fits nothing
-///        else: it may bear none of what was typed.
-template <typename Form, typename Measure>
-QTreeWidgetItem* locate(RowForms<Form> const& entries, Measure const& distance)
-{
-    if (auto* const row = entries.nearest(distance)) {
-        return row;
-    }
-    auto const* const sent = entries.sent();
-    return sent != nullptr && isNew(*sent) ? entries.find(sent) : nullptr;
 }
 }
 
@@ -157,13 +126,18 @@ bool BanksWidget::save(AccountEntryWidget& form, QString const& text)
         if (!code) {
             return true;
         }
+        accountEntries_.await(form, presentationText(*code));
         emit removedAccount(*code);
     } else if (!code) {
         qInfo() << "Adding New Account" << text;
-        emit addedAccount(form.name(), form.bankType().value_or(BankAccountTypes::Unspecified), form.balance());
+        auto const balance = form.balance();
+        accountEntries_.await(form, text);
+        emit addedAccount(form.name(), form.bankType().value_or(BankAccountTypes::Unspecified), balance);
     } else if (auto const name = form.name(); name != code->name()) {
         qInfo() << "Renaming Account" << code->name() << "to" << name;
-        emit renamedAccount(*code, AccountCode(code->number(), name, code->parent()));
+        AccountCode const changed(code->number(), name, code->parent());
+        accountEntries_.await(form, presentationText(changed));
+        emit renamedAccount(*code, changed);
     } else {
         onAccountSaveSucceeded(*code); // nothing that anyone else would know
     }
@@ -181,14 +155,24 @@ bool BanksWidget::save(BankEntryWidget& form, QString const& text)
         if (!isSaved) {
             return true;
         }
-        emit removed(form.bankName());
+        emit removed(await(form));
     } else if (!isSaved) {
         qInfo() << "Adding Bank:" << text;
-        emit added(Bank(form.bankName(), accountsOf(bankEntries_.find(&form)), form.isClosed()));
+        emit added(Bank(await(form), accountsOf(bankEntries_.find(&form)), form.isClosed()));
     } else {
         modify(form, text);
     }
     return false;
+}
+
+/// Waits for one answer more.
+/// \return the name that \a form sends
+/// \throws DataEntryError when it has none
+BankName BanksWidget::await(BankEntryWidget const& form)
+{
+    auto name = form.bankName();
+    bankEntries_.await(form, name.institution());
+    return name;
 }
 
 /// Goes on with what was typed when the walk came here, whatever is answered in between.
@@ -202,16 +186,22 @@ void BanksWidget::modify(BankEntryWidget& form, QString const& text)
     auto const accounts = accountsOf(bankEntries_.find(&form));
     if (saved.name != name) {
         qInfo() << "Renaming Bank from" << saved.name.institution() << "to" << text;
+        bankEntries_.await(form, name.institution());
         emit rename(saved.name, name);
     }
     if (self && saved.isClosed() && !isClosed) {
         qInfo() << "Reopening Bank:" << text;
+        bankEntries_.await(form, name.institution());
         emit opened(name);
     }
-    if (self && !saved.isClosed() && isClosed) {
+    if (!self) {
+        return;
+    }
+    bankEntries_.await(form, name.institution());
+    if (!saved.isClosed() && isClosed) {
         qInfo() << "Closing Bank:" << text;
         emit closed(name);
-    } else if (self) {
+    } else {
         emit updated(Bank(name, accounts, false));
     }
 }
@@ -232,116 +222,6 @@ void BanksWidget::saveBanksOnceAccountsAreSaved()
     if (!anyAccountDirty()) {
         QTimer::singleShot(1500ms, this, &BanksWidget::saveBanks);
     }
-}
-
-void BanksWidget::onAccountSaveSucceeded(AccountCode const& ac)
-{
-    qInfo() << "Successfully saved account to ledger." << ac.name();
-    auto* const row =
-        locate(accountEntries_, [&](auto const& text, auto const& form) { return distance(text, form, ac); });
-    if (row == nullptr) {
-        qFatal("Failed to locate the account that saved successfully.");
-    }
-    paint(*row, Qt::green);
-    if (auto& form = observed(accountEntries_.find(row)); form.isRemoved()) {
-        removeRow(row);
-    } else {
-        form.saved(ac);
-    }
-    saveBanksOnceAccountsAreSaved();
-}
-
-void BanksWidget::onAccountSaveFailed(std::optional<AccountCode> const& original, QString const& errorMessage,
-                                      std::optional<AccountCode> const& displayed)
-{
-    qWarning() << "Account entry failed to save,"
-               << "Original Code" << original.value_or(AccountCode()).name() << "Displayed Code"
-               << displayed.value_or(AccountCode()).name() << errorMessage;
-    auto* const row = locate(
-        accountEntries_, [&](auto const& text, auto const& form) { return distance(text, form, original, displayed); });
-    if (row == nullptr) {
-        qFatal("Failed to locate the account whose save failed.");
-    }
-    showError(row, errorMessage);
-}
-
-void BanksWidget::onSaveSucceeded(BankName const& bn)
-{
-    qInfo() << "Successfully Saved Bank" << bn.institution();
-    auto* const row =
-        locate(bankEntries_, [&](auto const& text, auto const& form) { return distance(text, form, bn); });
-    if (row == nullptr) {
-        qFatal("Failed to locate the bank that saved successfully.");
-    }
-    paint(*row, Qt::green);
-    if (auto& form = observed(bankEntries_.find(row)); form.isRemoved()) {
-        removeRow(row);
-    } else {
-        try {
-            form.saved(accountsOf(row));
-        } catch (DataEntryError const& error) { // its name was cleared since it was sent
-            showError(row, error.message());
-        }
-    }
-    if (!anyDirty()) {
-        close();
-    }
-}
-
-void BanksWidget::onSaveFailed(std::optional<BankName> const& original, QString const& errorMessage,
-                               std::optional<BankName> const& displayed)
-{
-    qCritical() << "Bank entry save error for" << original.value_or(BankName()).institution()
-                << displayed.value_or(BankName()).institution() << errorMessage;
-    auto* const row = locate(
-        bankEntries_, [&](auto const& text, auto const& form) { return distance(text, form, original, displayed); });
-    if (row == nullptr) {
-        qFatal("Failed to locate the bank whose save failed.");
-    }
-    showError(row, errorMessage);
-}
-
-void BanksWidget::showError(Row row, QString const& message)
-{
-    paint(*row, Qt::red);
-    bankAndAccountsTrwdgt->setCurrentItem(row);
-    if (auto* const account = accountEntries_.find(row)) {
-        account->showError(message);
-    } else if (auto* const bank = bankEntries_.find(row)) {
-        bank->showError(message);
-    } else {
-        throw Error(tr("Failed to locate neither the account nor the bank widget entry to display the error."));
-    }
-}
-
-/// Lets the form of \a row go.
-void BanksWidget::removeEntry(Row row)
-{
-    if (auto* const account = accountEntries_.find(row)) {
-        account->resetDirty();
-        account->deleteLater();
-        accountEntries_.remove(row);
-    } else if (auto* const bank = bankEntries_.find(row)) {
-        bank->resetDirty();
-        bank->deleteLater();
-        bankEntries_.remove(row);
-    } else {
-        throw Error(tr("Failed to locate neither the account nor the bank widget entry to remove."));
-    }
-}
-
-/// Lets \a row go with all rows below it. None of them may be current by then, since that would be told of a row without a
-/// form.
-void BanksWidget::removeRow(Row row)
-{
-    while (row->childCount() > 0) {
-        removeRow(row->child(0));
-    }
-    if (row == bankAndAccountsTrwdgt->currentItem()) {
-        bankAndAccountsTrwdgt->setCurrentItem(nullptr);
-    }
-    removeEntry(row);
-    delete row;
 }
 
 bool BanksWidget::anyAccountDirty() const

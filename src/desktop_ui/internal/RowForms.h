@@ -8,6 +8,8 @@
 #include <QTreeWidgetItem>
 
 #include <algorithm>
+#include <deque>
+#include <iterator>
 #include <limits>
 #include <unordered_map>
 #include <utility>
@@ -15,7 +17,8 @@
 
 namespace tlm::desktop_ui::internal {
 
-/// The rows of a tree that stand for one kind of thing, each with its form, in the order of adding.
+/// The rows of a tree that stand for one kind of thing, each with its form, in the order of adding, and what waits for an
+/// answer.
 ///
 /// Rows and forms find each other by what they are, since their texts are typed by people: any two may be equal.
 /// \tparam Form a QWidget that tells whether it isDirty()
@@ -31,10 +34,12 @@ public:
         rowOf_.emplace(form, Row{row, {}});
     }
 
-    /// Forgets \a row with its form, and ends neither.
+    /// Forgets \a row with its form, and ends neither. Answers to what they sent are for answerGone() from here on.
     void remove(QTreeWidgetItem const* row)
     {
-        rowOf_.erase(find(row));
+        auto const known = rowOf_.find(find(row));
+        std::ranges::move(known->second.awaited, std::back_inserter(gone_));
+        rowOf_.erase(known);
         formOf_.erase(row);
         std::erase_if(pairs_, [&](auto const& pair) { return pair.first.get() == row; });
     }
@@ -70,59 +75,108 @@ public:
         return std::any_of(pairs_.rbegin(), pairs_.rend(), [](auto const& pair) { return pair.second->isDirty(); });
     }
 
-    /// Makes \a form the one that answers are about, most likely, none ends this. What its row says is kept for answers
-    /// that come when the row says something else.
-    void setSent(Form const* form)
-    {
-        sent_ = form;
-        if (auto const found = rowOf_.find(form); found != rowOf_.end()) {
-            found->second.sentText = found->second.item->text(0);
-        }
-    }
+    /// Makes \a form the one that answers are about, most likely, none ends this.
+    void setSent(Form const* form) { sent_ = form; }
 
     /// \return the form of setSent(), nullptr when there is none or it is here no longer
     Form const* sent() const { return find(sent_) == nullptr ? nullptr : sent_; }
 
-    /// \return the row of sent() if that is near at all, else the nearest, a dirty one and the first among several
-    /// \param distance is told a text that a row shows or was sent with, and the row's form
-    template <typename Measure>
-    QTreeWidgetItem* nearest(Measure const& distance) const
+    /// The form sends something, to which one answer comes.
+    /// \param told names it as the answer will, although the row may say something else by then
+    void await(Form const& form, QString const& told)
     {
-        if (auto* const row = find(sent_); row != nullptr && measure(*row, *sent_, distance)) {
-            return row;
+        auto const known = rowOf_.find(&form);
+        (known == rowOf_.end() ? gone_ : known->second.awaited).push_back(told);
+    }
+
+    /// Takes an answer to the first of what \a row waits for, if it does.
+    void answer(QTreeWidgetItem const* row)
+    {
+        if (auto& awaited = rowOf_.at(find(row)).awaited; !awaited.empty()) {
+            awaited.pop_front();
         }
-        QTreeWidgetItem* nearest = nullptr;
-        auto least = std::numeric_limits<int>::max();
-        for (auto const& [row, form] : pairs_) {
-            auto const found = measure(*row, *form, distance);
-            auto const order = found ? 2 * *found + (form->isDirty() ? 0 : 1) : least;
-            if (order < least) {
-                nearest = row.get();
-                least = order;
-            }
+    }
+
+    /// Takes an answer to something that a row sent which has gone since.
+    /// \param isIt whether a name that was told is the one
+    /// \return whether there is such
+    template <typename IsIt>
+    bool answerGone(IsIt const& isIt)
+    {
+        auto const found = std::ranges::find_if(gone_, isIt);
+        if (found == gone_.end()) {
+            return false;
         }
-        return nearest;
+        gone_.erase(found);
+        return true;
+    }
+
+    struct Found
+    {
+        QTreeWidgetItem* row = nullptr;
+        Distance distance; ///< none when there is no row
+    };
+
+    /// \param distance is told a text that a row shows or sent, and the row's form
+    /// \return sent() if that is near at all, else the nearest: of equally near ones the first that waits for an answer, else
+    ///         the first dirty one, else the first
+    template <typename Measure>
+    Found nearest(Measure const& distance) const
+    {
+        if (auto* const row = find(sent_); row != nullptr && measure(*sent_, distance)) {
+            return {row, 0};
+        }
+        auto const awaiting = nearest(distance, [&](Form const& form) { return isAwaiting(form); });
+        if (awaiting.distance == 0) {
+            return awaiting;
+        }
+        auto const any = nearest(distance, [](Form const& /*form*/) { return true; });
+        return any.distance == awaiting.distance ? awaiting : any;
     }
 
 private:
     struct Row
     {
         QTreeWidgetItem* item;
-        QString sentText; ///< null as long as it wasn't sent
+        std::deque<QString> awaited;
     };
 
-    template <typename Measure>
-    Distance measure(QTreeWidgetItem const& row, Form const& form, Measure const& distance) const
+    bool isAwaiting(Form const& form) const { return !rowOf_.at(&form).awaited.empty(); }
+
+    template <typename Measure, typename Matches>
+    Found nearest(Measure const& distance, Matches const& matches) const
     {
-        auto const shown = distance(row.text(0), form);
-        auto const& sentText = rowOf_.at(&form).sentText;
-        auto const sent = sentText.isNull() ? Distance() : distance(sentText, form);
-        return lesser(shown, sent);
+        Found nearest;
+        auto least = std::numeric_limits<int>::max();
+        for (auto const& [row, form] : pairs_) {
+            auto const found = matches(*form) ? measure(*form, distance) : Distance();
+            auto const order = found ? 2 * *found + (form->isDirty() ? 0 : 1) : least;
+            if (order < least) {
+                nearest = {row.get(), found};
+                least = order;
+            }
+            if (least == 0) {
+                break;
+            }
+        }
+        return nearest;
+    }
+
+    template <typename Measure>
+    Distance measure(Form const& form, Measure const& distance) const
+    {
+        auto const& [item, awaited] = rowOf_.at(&form);
+        auto least = distance(item->text(0), form);
+        for (auto const& told : awaited) {
+            least = lesser(least, distance(told, form));
+        }
+        return least;
     }
 
     std::vector<std::pair<foundation::QtPtr<QTreeWidgetItem>, foundation::QtPtr<Form>>> pairs_;
     std::unordered_map<QTreeWidgetItem const*, Form*> formOf_;
     std::unordered_map<Form const*, Row> rowOf_;
+    std::deque<QString> gone_; ///< what rows that have gone still wait for
     Form const* sent_ = nullptr;
 };
 }

@@ -6,6 +6,8 @@
 
 #include <tlm/banking/BankError.h>
 
+#include <QAbstractEventDispatcher>
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QLabel>
 #include <QTest>
@@ -247,6 +249,32 @@ TEST_F(BankAccountsWidgetTest, SharesEqualCodesAmongAllRows)
     BankAccountsWidget const other({}, std::nullopt, {everyday, rainyDays, card}, nullptr);
 
     EXPECT_EQ(&other.codes(), &widget.codes());
+}
+
+TEST_F(BankAccountsWidgetTest, SharesTheTextsOfEqualAnswersAmongAllRows)
+{
+    BankAccountsWidget other({}, std::nullopt, {everyday, rainyDays, card}, nullptr);
+
+    widget.lookedUpBankAccounts(birchAccounts);
+    other.lookedUpBankAccounts(birchAccounts);
+
+    EXPECT_EQ(child<QComboBox>(other, "accountCmbbx").itemText(1).constData(), account.itemText(1).constData());
+}
+
+/// A view with thousands of rows would search thousands of timers.
+TEST_F(BankAccountsWidgetTest, LeavesNoTimerRunningBeforeItIsShown)
+{
+    chooseBirch();
+    widget.setBanks({aspen, birch});
+    widget.select({birch, card.number(), Types::CreditCard});
+
+    for (auto const* const box : {&bank, &account}) {
+        auto* const items = box->view();
+        EXPECT_EQ(box->sizeAdjustPolicy(), QComboBox::AdjustToContents);
+        for (QObject* const part : {static_cast<QObject*>(items), items->parent()}) {
+            EXPECT_TRUE(QAbstractEventDispatcher::instance()->registeredTimers(part).isEmpty());
+        }
+    }
 }
 
 TEST_F(BankAccountsWidgetTest, LeadsTheTypeByTheAccount)

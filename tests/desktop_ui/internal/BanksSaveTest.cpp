@@ -109,15 +109,16 @@ TEST_F(BanksSaveTest, ABankIsRemovedUnderTheNameTyped)
 {
     keepTwoBanks();
     load();
+    typeName("Cedar Bank");
     markForRemoval();
     acceptAll();
 
     saveAll();
 
-    EXPECT_THAT(sent, ElementsAre("removed Aspen Bank", "closing", "closing"));
+    EXPECT_THAT(sent, ElementsAre("removed Cedar Bank", "closing", "closing"));
     EXPECT_THAT(rows(), ElementsAre("Birch Bank", "  " + text(200, "Card")));
-    EXPECT_THAT(MessageLog::texts(QtInfoMsg), Contains("Removing Account: \"Aspen Bank\""));
-    EXPECT_THAT(MessageLog::texts(QtInfoMsg), Contains("Resetting the dirty flag of BankName(\"Aspen Bank\")"));
+    EXPECT_THAT(MessageLog::texts(QtInfoMsg), Contains("Removing Account: \"Cedar Bank\""));
+    EXPECT_THAT(MessageLog::texts(QtInfoMsg), Contains("Resetting the dirty flag of BankName(\"Cedar Bank\")"));
 }
 
 TEST_F(BanksSaveTest, ARefusedRemovalStaysForAnotherTry)

@@ -1,0 +1,174 @@
+#include "internal/AccountEntryWidget.h"
+#include "internal/BankEntryWidget.h"
+#include "internal/BankReplies.h"
+#include "internal/BanksWidget.h"
+#include "tlm/desktop_ui/DataEntryError.h"
+
+#include <tlm/foundation/Error.h>
+
+#include <QDebug>
+
+namespace tlm::desktop_ui::internal {
+
+using accounting::AccountCode;
+using banking::BankName;
+using foundation::Error;
+
+namespace {
+
+void paint(QTreeWidgetItem& row, QColor const& colour)
+{
+    constexpr auto nameColumn = 0;
+    row.setBackground(nameColumn, QBrush(colour));
+    row.setForeground(nameColumn, QBrush(Qt::black)); // which reads well on either colour, in a dark palette too
+}
+
+bool isNew(AccountEntryWidget const& form)
+{
+    return !form.code();
+}
+
+bool isNew(BankEntryWidget const& form)
+{
+    return !form.bank();
+}
+
+/// Takes an answer.
+/// \param distance as RowForms::nearest() has it. What is new and just being sent is meant by an answer that fits nothing
+///        else: it may bear none of what was typed.
+/// \param isAbout whether a name that was told may be what the answer is about
+/// \param failure ends the program when the answer fits nothing
+/// \return the row that the answer is about, nullptr when that has gone since
+template <typename Form, typename Measure, typename IsAbout>
+QTreeWidgetItem* answered(RowForms<Form>& entries, Measure const& distance, IsAbout const& isAbout, char const* failure)
+{
+    auto [row, found] = entries.nearest(distance);
+    if (found != 0 && entries.answerGone(isAbout)) {
+        return nullptr;
+    }
+    auto const* const sent = entries.sent();
+    if (row == nullptr && sent != nullptr && isNew(*sent)) {
+        row = entries.find(sent);
+    }
+    if (row == nullptr) {
+        qFatal("%s", failure);
+    }
+    entries.answer(row);
+    return row;
+}
+}
+
+void BanksWidget::onAccountSaveSucceeded(AccountCode const& ac)
+{
+    qInfo() << "Successfully saved account to ledger." << ac.name();
+    auto* const row = answered(
+        accountEntries_, [&](auto const& text, auto const& form) { return distance(text, form, ac); },
+        [&](auto const& told) { return isNamed(told, ac); }, "Failed to locate the account that saved successfully.");
+    if (row == nullptr) {
+        return;
+    }
+    paint(*row, Qt::green);
+    if (auto& form = *accountEntries_.find(row); form.isRemoved()) {
+        removeRow(row);
+    } else {
+        form.saved(ac);
+    }
+    saveBanksOnceAccountsAreSaved();
+}
+
+void BanksWidget::onAccountSaveFailed(std::optional<AccountCode> const& original, QString const& errorMessage,
+                                      std::optional<AccountCode> const& displayed)
+{
+    qWarning() << "Account entry failed to save,"
+               << "Original Code" << original.value_or(AccountCode()).name() << "Displayed Code"
+               << displayed.value_or(AccountCode()).name() << errorMessage;
+    auto* const row = answered(
+        accountEntries_, [&](auto const& text, auto const& form) { return distance(text, form, original, displayed); },
+        [&](auto const& told) { return isNamed(told, displayed ? *displayed : original.value_or(AccountCode())); },
+        "Failed to locate the account whose save failed.");
+    if (row != nullptr) {
+        showError(row, errorMessage);
+    }
+}
+
+void BanksWidget::onSaveSucceeded(BankName const& bn)
+{
+    qInfo() << "Successfully Saved Bank" << bn.institution();
+    auto* const row = answered(
+        bankEntries_, [&](auto const& text, auto const& form) { return distance(text, form, bn); },
+        [&](auto const& told) { return isNamed(told, bn); }, "Failed to locate the bank that saved successfully.");
+    if (row == nullptr) {
+        return;
+    }
+    paint(*row, Qt::green);
+    if (auto& form = *bankEntries_.find(row); form.isRemoved()) {
+        removeRow(row);
+    } else {
+        try {
+            form.saved(accountsOf(row));
+        } catch (DataEntryError const& error) { // its name was cleared since it was sent
+            showError(row, error.message());
+        }
+    }
+    if (!anyDirty()) {
+        close();
+    }
+}
+
+void BanksWidget::onSaveFailed(std::optional<BankName> const& original, QString const& errorMessage,
+                               std::optional<BankName> const& displayed)
+{
+    qCritical() << "Bank entry save error for" << original.value_or(BankName()).institution()
+                << displayed.value_or(BankName()).institution() << errorMessage;
+    auto* const row = answered(
+        bankEntries_, [&](auto const& text, auto const& form) { return distance(text, form, original, displayed); },
+        [&](auto const& told) { return isNamed(told, displayed ? *displayed : original.value_or(BankName())); },
+        "Failed to locate the bank whose save failed.");
+    if (row != nullptr) {
+        showError(row, errorMessage);
+    }
+}
+
+void BanksWidget::showError(Row row, QString const& message)
+{
+    paint(*row, Qt::red);
+    bankAndAccountsTrwdgt->setCurrentItem(row);
+    if (auto* const account = accountEntries_.find(row)) {
+        account->showError(message);
+    } else if (auto* const bank = bankEntries_.find(row)) {
+        bank->showError(message);
+    } else {
+        throw Error(tr("Failed to locate neither the account nor the bank widget entry to display the error."));
+    }
+}
+
+/// Lets the form of \a row go.
+void BanksWidget::removeEntry(Row row)
+{
+    if (auto* const account = accountEntries_.find(row)) {
+        account->resetDirty();
+        account->deleteLater();
+        accountEntries_.remove(row);
+    } else if (auto* const bank = bankEntries_.find(row)) {
+        bank->resetDirty();
+        bank->deleteLater();
+        bankEntries_.remove(row);
+    } else {
+        throw Error(tr("Failed to locate neither the account nor the bank widget entry to remove."));
+    }
+}
+
+/// Lets \a row go with all rows below it. None of them may be current by then, since that would be told of a row without a
+/// form.
+void BanksWidget::removeRow(Row row)
+{
+    while (row->childCount() > 0) {
+        removeRow(row->child(0));
+    }
+    if (row == bankAndAccountsTrwdgt->currentItem()) {
+        bankAndAccountsTrwdgt->setCurrentItem(nullptr);
+    }
+    removeEntry(row);
+    delete row;
+}
+}
