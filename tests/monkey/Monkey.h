@@ -2,10 +2,13 @@
 
 #include "Chance.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
+
+class QLineEdit;
 
 namespace tlm::desktop_ui {
 class MainWindow;
@@ -20,9 +23,15 @@ namespace tallymere {
 class Monkey
 {
 public:
+    enum class Manner
+    {
+        Playful,
+        Earnest ///< now and then fills in a whole form and saves it, where chance alone would hardly ever
+    };
+
     /// \param action object name of the action that opens the view, empty for the dashboard
     /// \param words what it types
-    Monkey(tlm::desktop_ui::MainWindow& window, QString action, QStringList words, unsigned int seed);
+    Monkey(tlm::desktop_ui::MainWindow& window, QString action, Manner manner, QStringList words, unsigned int seed);
 
     /// Does one thing and lets the program come to rest.
     /// \throws std::runtime_error when the view doesn't open
@@ -48,6 +57,7 @@ private:
     void chooseInBox();
     void tick();
     void step();
+    void fillIn();
     void pushButton();
     void pickRow();
     void clickHeading();
@@ -62,17 +72,21 @@ private:
 
     QWidget& view() const;
     template <typename T>
+    QList<T*> allVisible() const;
+    template <typename T>
     T* anyVisible();
     QPoint anyPlaceIn(QWidget const& widget);
     void click(QWidget& widget, QPoint const& place, Qt::KeyboardModifiers modifiers = {});
     void approach(QWidget& widget);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void typeInto(QLineEdit& field, QString const& text);
     void enter(QString const& text);
     QString anyAmount();
     void tell(QString const& what);
 
     tlm::desktop_ui::MainWindow& window_;
     QString action_;
+    Manner manner_;
     QStringList words_;
     Chance chance_;
     QTimer blocked_;

@@ -30,6 +30,7 @@ struct View
     char const* name;
     char const* action; ///< object name of what opens it, empty for the dashboard
     bool isAccounting;  ///< the wording in which a person finds it
+    Monkey::Manner manner = Monkey::Manner::Playful;
 
     friend std::ostream& operator<<(std::ostream& out, View const& view) { return out << view.name; }
 };
@@ -40,10 +41,10 @@ constexpr View debts{"debts", "debtsActn", true};
 constexpr View goals{"goals", "goalsActn", false};
 constexpr View nontracks{"nontracks", "nontracksActn", true};
 constexpr View wages{"wages", "wagesActn", false};
-constexpr View accounts{"accounts", "accountsActn", true};
+constexpr View accounts{"accounts", "accountsActn", true, Monkey::Manner::Earnest};
 constexpr View ledgers{"ledgers", "ledgersActn", true};
-constexpr View transfer{"transfer", "transferActn", false};
-constexpr View banks{"banks", "banksActn", false};
+constexpr View transfer{"transfer", "transferActn", false, Monkey::Manner::Earnest};
+constexpr View banks{"banks", "banksActn", false, Monkey::Manner::Earnest};
 
 /// A seed that found something once, so that it never comes back.
 struct KeptSeed
@@ -100,7 +101,7 @@ protected:
         program.start();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&program.window()));
         QSignalSpy const changes(&program.session(), &presenter::Session::changed);
-        Monkey monkey(program.window(), view.action, words(program.session().household()), seed);
+        Monkey monkey(program.window(), view.action, view.manner, words(program.session().household()), seed);
         for (auto acts = 1; acts <= actsOfOneSeed; ++acts) {
             monkey.act();
             if (acts % actsBetweenAudits == 0) {
