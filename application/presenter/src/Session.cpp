@@ -8,10 +8,17 @@ namespace tallymere::presenter {
 
 namespace {
 
+/// \return where \a filePathName leads to; what it says where nothing is there, since a file that was open may have gone
+QString placeOf(QString const& filePathName)
+{
+    QFileInfo const file(filePathName);
+    auto const canonical = file.canonicalFilePath();
+    return canonical.isEmpty() ? file.absoluteFilePath() : canonical;
+}
+
 bool isSameFile(QString const& left, QString const& right)
 {
-    auto const canonical = QFileInfo(left).canonicalFilePath();
-    return !canonical.isEmpty() && canonical == QFileInfo(right).canonicalFilePath();
+    return !right.isEmpty() && placeOf(left) == placeOf(right);
 }
 }
 
@@ -61,7 +68,11 @@ void Session::readAgain()
 
 void Session::recover(storage::Orphan const& orphan)
 {
-    take(storage::Document::recover(places_, orphan));
+    std::unique_ptr<engine::Household> household;
+    auto document = storage::Document::recover(places_, orphan, [&household](storage::Document& recovered) {
+        household = std::make_unique<engine::Household>(recovered.content(), recovered);
+    });
+    take(std::move(document), std::move(household));
 }
 
 void Session::save()
@@ -80,6 +91,11 @@ void Session::take(std::unique_ptr<storage::Document> document)
 {
     // The household may refuse what it reads; only then does anything that is open give way.
     auto household = std::make_unique<engine::Household>(document->content(), *document);
+    take(std::move(document), std::move(household));
+}
+
+void Session::take(std::unique_ptr<storage::Document> document, std::unique_ptr<engine::Household> household)
+{
     household_ = std::move(household);
     document_ = std::move(document);
     emit replaced();

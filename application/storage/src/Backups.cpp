@@ -9,7 +9,7 @@
 #include <QFile>
 
 #include <algorithm>
-#include <cerrno>
+#include <limits>
 #include <system_error>
 
 namespace tallymere::storage {
@@ -47,11 +47,7 @@ void Backups::keep(DurableFile const& version) const
         return;
     }
     Replacement copy(pathOf(kept.empty() ? 1 : kept.back() + 1));
-    copy.file().copy(version);
-    if (!copy.file().hasSameBytes(version)) {
-        errno = EIO;
-        filesystem::fail("pread");
-    }
+    copy.file().copy(version, DurableFile::ReadBack::Yes);
     copy.finish();
     copy.takePlace();
     prune();
@@ -63,9 +59,10 @@ std::vector<int> Backups::numbers() const
     auto const names =
         QDir(QFile::decodeName(folder_)).entryList({QLatin1Char('*') + QLatin1String(suffix)}, QDir::Files);
     for (auto const& name : names) {
-        auto isNumber = false;
-        auto const number = name.chopped(static_cast<qsizetype>(qstrlen(suffix))).toInt(&isNumber);
-        if (isNumber && number > 0) {
+        auto const stem = name.chopped(static_cast<qsizetype>(qstrlen(suffix)));
+        auto const number = stem.toInt();
+        // A file called otherwise than pathOf() would, or without a number after it, is none of these.
+        if (number > 0 && number < std::numeric_limits<int>::max() && stem == QString::number(number)) {
             found.push_back(number);
         }
     }

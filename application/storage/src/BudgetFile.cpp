@@ -116,6 +116,7 @@ void BudgetFile::replace(WorkingCopy const& copy)
     isInDoubt_ = true;
     fresh.takePlace();
     stamp_ = filesystem::stamp(DurableFile::open(path_).status());
+    keptStamp_ = stamp_;
     digest_ = copy.digest();
     isInDoubt_ = false;
 }
@@ -146,8 +147,8 @@ void BudgetFile::requireReplaceable() const
 
 void BudgetFile::keepBackups(DurableFile const& fresh) const
 {
-    // What stands there now differs from the last backup where another program wrote it, or it was never saved here.
-    if (filesystem::status(path_)) {
+    // What stands there was kept already, unless another program wrote it or it was never saved here.
+    if (auto const status = filesystem::status(path_); status && filesystem::stamp(*status) != keptStamp_) {
         backups_.keep(DurableFile::open(path_));
     }
     backups_.keep(fresh);

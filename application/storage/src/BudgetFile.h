@@ -50,6 +50,7 @@ private:
     Backups backups_;
     std::unique_ptr<FileLock> lock_;
     bool isInDoubt_ = false;                             ///< it was replaced, but not surely for good
+    std::optional<filesystem::FileStamp> keptStamp_;     ///< of the version that was kept among the backups last
     mutable std::optional<filesystem::FileStamp> stamp_; ///< of the version whose digest is known
     mutable std::optional<QByteArray> digest_;           ///< nothing when that version holds no sound budget
 };

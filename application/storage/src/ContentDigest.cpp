@@ -77,6 +77,29 @@ void add(QCryptographicHash& hash, SQLite::Database const& database, std::span<c
     }
 }
 
+void tellNumber(std::string& told, std::int64_t number)
+{
+    told.append(reinterpret_cast<char const*>(&number), sizeof number);
+}
+
+void tellText(std::string& told, std::string_view text)
+{
+    tellNumber(told, static_cast<std::int64_t>(text.size()));
+    told.append(text);
+}
+
+void tell(std::string& told, PostingWords const& words)
+{
+    tellText(told, words.day);
+    tellNumber(told, words.debiting);
+    tellNumber(told, words.crediting);
+    tellNumber(told, words.amount);
+    tellText(told, words.currency);
+    tellText(told, words.description);
+    tellText(told, words.status);
+    tellNumber(told, words.madeFrom);
+}
+
 using Sums = std::array<std::uint64_t, 4>;
 
 /// Adds what version 2 told of a posting.

@@ -21,24 +21,21 @@ bool isDigit(char character)
 
 bool hasShape(std::string_view text)
 {
+    constexpr std::array places{0U, 1U, 2U, 3U, 5U, 6U, 8U, 9U};
     return text.size() == length && text[4] == '-' && text[7] == '-' &&
-           std::ranges::all_of(text.substr(0, 4), isDigit) && std::ranges::all_of(text.substr(5, 2), isDigit) &&
-           std::ranges::all_of(text.substr(8, 2), isDigit);
+           std::ranges::all_of(places, [text](auto const place) { return isDigit(text[place]); });
 }
 
-int numberOf(std::string_view digits)
+int numberOfTwo(std::string_view text, std::size_t place)
 {
-    auto number = 0;
-    for (auto const digit : digits) {
-        number = number * 10 + (digit - '0');
-    }
-    return number;
+    return (text[place] - '0') * 10 + (text[place + 1] - '0');
 }
 
 Parts partsOf(std::string_view text)
 {
-    return {
-        .year = numberOf(text.substr(0, 4)), .month = numberOf(text.substr(5, 2)), .day = numberOf(text.substr(8, 2))};
+    return {.year = numberOfTwo(text, 0) * 100 + numberOfTwo(text, 2),
+            .month = numberOfTwo(text, 5),
+            .day = numberOfTwo(text, 8)};
 }
 
 bool isLeap(int year)

@@ -124,14 +124,16 @@ std::unique_ptr<Document> Document::open(Places const& places, QString const& fi
     }
 }
 
-std::unique_ptr<Document> Document::recover(Places const& places, Orphan const& orphan)
+std::unique_ptr<Document> Document::recover(Places const& places, Orphan const& orphan,
+                                            std::function<void(Document&)> const& examine)
 {
     return orRefuse(Deed::Recover, orphan.filePathName, [&] {
         auto copy = WorkingCopy::ofOrphan(WorkingFiles::take(QFile::encodeName(orphan.workingCopy)));
         auto file = orphan.filePathName.isEmpty() ? nullptr : fileIfReachable(places, orphan.filePathName);
-        copy->claim();
         std::unique_ptr<Document> document(new Document(places, std::move(file), std::move(copy)));
         document->isRecovered_ = true;
+        examine(*document);
+        document->copy_->claim(); // last, since whatever fails before leaves the work where it is
         return document;
     });
 }

@@ -89,12 +89,16 @@ void DurableFile::write(QByteArray const& bytes)
     }
 }
 
-void DurableFile::copy(DurableFile const& source)
+void DurableFile::copy(DurableFile const& source, ReadBack isReadBack)
 {
     auto const before = filesystem::stamp(source.status());
     qint64 offset = 0;
     for (auto block = source.read(offset, blockSize); !block.isEmpty(); block = source.read(offset, blockSize)) {
         write(block);
+        if (isReadBack == ReadBack::Yes && read(offset, block.size()) != block) {
+            errno = EIO;
+            fail("pread");
+        }
         offset += block.size();
     }
     if (offset != before.size || filesystem::stamp(source.status()) != before) {

@@ -10,6 +10,12 @@ namespace tallymere::storage {
 class DurableFile
 {
 public:
+    enum class ReadBack : bool
+    {
+        No,
+        Yes
+    };
+
     /// Opens for reading what must be a regular file, without waiting on anything else that \a path may name.
     static DurableFile open(QByteArray const& path);
 
@@ -28,8 +34,9 @@ public:
     /// Adds to the end of the file.
     void write(QByteArray const& bytes);
 
-    /// Adds all of \a source, which must not change meanwhile.
-    void copy(DurableFile const& source);
+    /// Adds all of \a source, which must not change meanwhile, to a file that is still empty.
+    /// \param isReadBack tells whether each part is read again and compared once it is written
+    void copy(DurableFile const& source, ReadBack isReadBack = ReadBack::No);
 
     bool hasSameBytes(DurableFile const& other) const;
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace tallymere::storage {
@@ -30,8 +29,4 @@ inline constexpr char const* postingRows =
 
 /// \return the present one of `postingRows`, until the next step
 PostingWords wordsOf(Walk const& row);
-
-/// Adds all of \a words to \a told, and the lengths of the texts, so that what follows each other can't be taken for
-/// something else.
-void tell(std::string& told, PostingWords const& words);
 }

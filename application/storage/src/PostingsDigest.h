@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 
 namespace tallymere::storage {
 
@@ -25,11 +24,6 @@ public:
     QByteArray bytes() const;
 
 private:
-    using Sums = std::array<std::uint64_t, 2>;
-
-    Sums sumsOf(PostingWords const& words);
-
-    Sums sums_{};
-    std::string told_; ///< keeps its room from one posting to the next
+    std::array<std::uint64_t, 2> sums_{};
 };
 }

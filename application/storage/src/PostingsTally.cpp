@@ -6,13 +6,14 @@
 #include "PostingWords.h"
 #include "Rows.h"
 #include "Scrambled.h"
+#include "Sweep.h"
 #include "Walk.h"
 
 #include <fiscora/Money.h>
 
-#include <cstring>
+#include <QtEndian>
+
 #include <limits>
-#include <tuple>
 
 using fiscora::Money;
 using tallymere::engine::Turnover;
@@ -31,20 +32,6 @@ std::uint64_t unsignedOf(std::int64_t number)
 {
     return static_cast<std::uint64_t>(number);
 }
-
-/// \return a number that is another one for each day, and 0 for none
-std::uint64_t numberOfDay(std::string_view day)
-{
-    if (day.empty()) {
-        return 0;
-    }
-    require(day.size() == days::length, "an index with something else than days");
-    std::uint64_t start = 0;
-    std::uint16_t rest = 0;
-    std::memcpy(&start, day.data(), sizeof start);
-    std::memcpy(&rest, day.data() + sizeof start, sizeof rest);
-    return scrambled(start) + rest;
-}
 }
 
 void PostingsTally::WideSum::add(std::int64_t amount)
@@ -62,22 +49,30 @@ std::int64_t PostingsTally::WideSum::whole() const
     return carried * (std::int64_t{1} << halfOfBits) + (low & lowHalf);
 }
 
-void PostingsTally::Entries::add(std::int64_t account, std::string_view day, std::int64_t id)
+PostingsTally::Day PostingsTally::Day::of(std::string_view text)
 {
-    sum += scrambled(scrambled(scrambled(unsignedOf(account)) + numberOfDay(day)) + unsignedOf(id));
+    if (text.empty()) {
+        return {};
+    }
+    require(text.size() == days::length, "an index with something else than days");
+    return {qFromBigEndian<std::uint64_t>(text.data()),
+            qFromBigEndian<std::uint16_t>(text.data() + sizeof(std::uint64_t))};
+}
+
+/// The factors are any odd numbers: entries that differ little then give sums that differ in all.
+void PostingsTally::Entries::add(Entry const& entry)
+{
+    sum += scrambled(unsignedOf(entry.account) * 0x9E37'79B9'7F4A'7C15 + unsignedOf(entry.id) * 0xC2B2'AE3D'27D4'EB4F +
+                     entry.day.start * 0xD6E8'FEB8'6659'FD93 + entry.day.rest);
     ++count;
 }
 
 PostingsTally::PostingsTally(SQLite::Database const& database) : database_(database)
 {
     readAccounts();
-    Walk row(database, "SELECT id, occurred_on, debiting, crediting, amount, currency, description, status, made_from "
-                       "FROM postings NOT INDEXED");
-    row.begin();
-    orUnsound([this, &row] {
-        while (row.next()) {
-            add(row);
-        }
+    orUnsound([this] {
+        sweep(database_, "id, occurred_on, debiting, crediting, amount, currency, description, status, made_from",
+              "FROM postings NOT INDEXED", [this](SweptRow const& row) { add(row); });
     });
 }
 
@@ -92,7 +87,7 @@ void PostingsTally::readAccounts()
     }
 }
 
-void PostingsTally::add(Walk const& row)
+void PostingsTally::add(SweptRow const& row)
 {
     auto const id = row.integer(0);
     auto const debiting = row.integer(2);
@@ -106,11 +101,12 @@ void PostingsTally::add(Walk const& row)
     names::toStatus(words.status);
     words.debiting = turnOver(debiting, words.currency, words.amount);
     words.crediting = turnOver(crediting, words.currency, -words.amount);
-    debits_.add(debiting, words.day, id);
-    credits_.add(crediting, words.day, id);
+    auto const day = Day::of(words.day);
+    debits_.add({debiting, day, id});
+    credits_.add({crediting, day, id});
     if (!row.isNull(8)) {
         words.madeFrom = find(row.integer(8)).number;
-        origins_.add(row.integer(8), {}, id);
+        origins_.add({row.integer(8), {}, id});
     }
     digest_.add(words);
 }
@@ -151,34 +147,25 @@ void PostingsTally::requireIndexed() const
 {
     // Each query finds all that it asks for in its index, and so never looks at the table.
     auto const isIndexed =
-        entriesOf("SELECT debiting, occurred_on, id FROM postings INDEXED BY postings_debiting") == debits_ &&
-        entriesOf("SELECT crediting, occurred_on, id FROM postings INDEXED BY postings_crediting") == credits_ &&
-        entriesOf("SELECT made_from, NULL, id FROM postings INDEXED BY postings_made_from "
-                  "WHERE made_from IS NOT NULL") == origins_;
+        entriesOf("debiting, occurred_on, id", "FROM postings INDEXED BY postings_debiting") == debits_ &&
+        entriesOf("crediting, occurred_on, id", "FROM postings INDEXED BY postings_crediting") == credits_ &&
+        entriesOf("made_from, NULL, id", "FROM postings INDEXED BY postings_made_from WHERE made_from IS NOT NULL") ==
+            origins_;
     require(isIndexed, "an index lists other postings");
 }
 
 /// \throws UnsoundBudget when they aren't in order
-PostingsTally::Entries PostingsTally::entriesOf(std::string const& query) const
+PostingsTally::Entries PostingsTally::entriesOf(std::string const& columns, std::string const& source) const
 {
     Entries entries;
-    auto lastAccount = std::numeric_limits<std::int64_t>::min();
-    std::string lastDay;
-    std::int64_t lastId = 0;
-    Walk row(database_, query);
-    row.begin();
-    while (row.next()) {
-        auto const account = row.integer(0);
-        auto const day = row.text(1);
-        auto const id = row.integer(2);
+    Entry last{.account = std::numeric_limits<std::int64_t>::min(), .day = {}, .id = 0};
+    sweep(database_, columns, source, [&](SweptRow const& row) {
         require(row.isInteger(0) && (row.isText(1) || row.isNull(1)), "an index with other values");
-        require(std::tuple(lastAccount, std::string_view(lastDay), lastId) < std::tuple(account, day, id),
-                "an index without order");
-        entries.add(account, day, id);
-        lastAccount = account;
-        lastDay = day;
-        lastId = id;
-    }
+        Entry const entry{.account = row.integer(0), .day = Day::of(row.text(1)), .id = row.integer(2)};
+        require(last < entry, "an index without order");
+        entries.add(entry);
+        last = entry;
+    });
     return entries;
 }
 }

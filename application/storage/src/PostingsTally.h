@@ -4,6 +4,7 @@
 
 #include <engine/Books.h>
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -17,7 +18,7 @@ class Database;
 
 namespace tallymere::storage {
 
-class Walk;
+class SweptRow;
 
 /// What all postings of a budget come to, for which they are read once.
 class PostingsTally
@@ -56,21 +57,41 @@ private:
         std::size_t postings = 0;
     };
 
+    /// The text of a day as numbers, which are quicker to compare and of the same order. All are 0 for none.
+    struct Day
+    {
+        std::uint64_t start = 0;
+        std::uint16_t rest = 0;
+
+        static Day of(std::string_view text);
+        friend auto operator<=>(Day const&, Day const&) = default;
+    };
+
+    /// What an index tells of a posting, in the index's order.
+    struct Entry
+    {
+        std::int64_t account = 0;
+        Day day;
+        std::int64_t id = 0;
+
+        friend auto operator<=>(Entry const&, Entry const&) = default;
+    };
+
     /// What an index should hold, or does, in whatever order it came.
     struct Entries
     {
         std::uint64_t sum = 0;
         std::size_t count = 0;
 
-        void add(std::int64_t account, std::string_view day, std::int64_t id);
+        void add(Entry const& entry);
         friend bool operator==(Entries const&, Entries const&) = default;
     };
 
     void readAccounts();
-    void add(Walk const& row);
+    void add(SweptRow const& row);
     std::int64_t turnOver(std::int64_t id, std::string_view currency, std::int64_t debited);
     Account& find(std::int64_t id);
-    Entries entriesOf(std::string const& query) const;
+    Entries entriesOf(std::string const& columns, std::string const& source) const;
 
     SQLite::Database const& database_;
     std::unordered_map<std::int64_t, Account> accounts_; ///< by what postings refer to

@@ -187,6 +187,9 @@ Reason reasonOf(SQLite::Exception const& failure, Deed deed, QString const& back
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
         return brokenRule();
+    case SQLITE_TOOBIG:
+        return deed == Deed::Change ? Reason{tr("a text in it is too long"), tr("Shorten that text.")}
+                                    : damaged(backups);
     case SQLITE_NOMEM:
         return {tr("there is too little memory"), tr("Close other programs, then try again.")};
     default:

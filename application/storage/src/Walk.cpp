@@ -8,25 +8,10 @@ namespace tallymere::storage {
 
 Walk::Walk(SQLite::Database const& database, std::string words) : database_(database), words_(std::move(words)) {}
 
-void Walk::Finalizer::operator()(sqlite3_stmt* statement) const noexcept
-{
-    sqlite3_finalize(statement);
-}
-
-void Walk::prepare()
-{
-    sqlite3_stmt* made = nullptr;
-    auto const result = sqlite3_prepare_v2(database_.getHandle(), words_.c_str(), -1, &made, nullptr);
-    statement_.reset(made);
-    if (result != SQLITE_OK) {
-        throw SQLite::Exception(database_.getHandle(), result);
-    }
-}
-
 void Walk::begin(std::initializer_list<std::int64_t> arguments)
 {
     if (!statement_) {
-        prepare();
+        statement_ = prepare(database_, words_);
     }
     end();
     auto place = 0;

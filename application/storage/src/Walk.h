@@ -1,16 +1,11 @@
 #pragma once
 
+#include "Prepared.h"
+
 #include <cstdint>
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
-
-struct sqlite3_stmt;
-
-namespace SQLite {
-class Database;
-}
 
 namespace tallymere::storage {
 
@@ -40,15 +35,8 @@ public:
     std::string_view text(int column) const;
 
 private:
-    struct Finalizer
-    {
-        void operator()(sqlite3_stmt* statement) const noexcept;
-    };
-
-    void prepare();
-
     SQLite::Database const& database_;
     std::string words_;
-    std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
+    Prepared statement_;
 };
 }

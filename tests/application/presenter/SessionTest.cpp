@@ -4,13 +4,42 @@
 #include <tlm/budgeting/WorkingWeek.h>
 #include <tlm/foundation/Error.h>
 
+#include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 
 namespace tallymere::presenter {
 namespace {
 
-using SessionTest = PresenterTest;
+class SessionTest : public PresenterTest
+{
+protected:
+    /// Adds what a file can hold and the household refuses: a second account for the same purpose.
+    static void addTwoForOpeningBalances(storage::Document& document)
+    {
+        using tlm::accounting::AccountNumber;
+        document.transact([&] {
+            for (auto const number : {AccountNumber(3001), AccountNumber(3002)}) {
+                document.add({.code = {number, "Opening balances", std::nullopt},
+                              .type = tlm::accounting::AccountTypes::Equity,
+                              .currency = fiscora::Currency::USD,
+                              .purpose = engine::AccountPurposes::OpeningBalances});
+            }
+        });
+    }
+
+    /// Copies what a crash would leave now to \a folder, where no program uses it.
+    void copyWorkingCopies(QString const& folder) const
+    {
+        ASSERT_TRUE(QDir().mkpath(folder));
+        QDir const working(session.places().workingCopies);
+        for (auto const& origin : working.entryInfoList({"*.origin"}, QDir::Files)) {
+            auto const database = origin.completeBaseName() + ".budget";
+            ASSERT_TRUE(QFile::copy(origin.filePath(), folder + '/' + origin.fileName()));
+            ASSERT_TRUE(QFile::copy(working.filePath(database), folder + '/' + database));
+        }
+    }
+};
 
 TEST_F(SessionTest, BeginsWithAnEmptyBudgetThatHasNothingToLose)
 {
@@ -72,6 +101,24 @@ TEST_F(SessionTest, KeepsItsChangesWhenTheOpenFileCannotBeReadAgain)
 
     EXPECT_EQ(session.household().content(), changed);
     EXPECT_TRUE(session.isDirty());
+}
+
+TEST_F(SessionTest, UnsavedWorkThatTheBooksRefuseStaysForAnotherTime)
+{
+    storage::Places const left{home.path("left"), home.path("backups")};
+    {
+        auto const document = storage::Document::create(session.places(), engine::emptyContent(QLocale::c()));
+        addTwoForOpeningBalances(*document);
+        copyWorkingCopies(left.workingCopies);
+    }
+    auto const orphans = storage::Document::orphans(left);
+    ASSERT_EQ(orphans.size(), 1U);
+    auto const before = session.household().content();
+
+    EXPECT_THROW(session.recover(orphans.front()), tlm::foundation::Error);
+
+    EXPECT_EQ(session.household().content(), before);
+    EXPECT_EQ(storage::Document::orphans(left).size(), 1U);
 }
 
 TEST_F(SessionTest, ChangesAreInTheFileOnceSaved)

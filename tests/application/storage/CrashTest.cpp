@@ -133,6 +133,7 @@ TEST_P(FaultTest, ACallThatFailsOnceLosesNothing)
 
 INSTANTIATE_TEST_SUITE_P(Calls, FaultTest,
                          ::testing::Combine(::testing::Values(std::string("change"), std::string("save"),
-                                                              std::string("saveAs")),
+                                                              std::string("saveAs"), std::string("open"),
+                                                              std::string("recover")),
                                             ::testing::Values(ENOSPC, EIO)));
 }

@@ -113,6 +113,15 @@ TEST_F(PostingsTest, ChangesThatBreakARuleAreRefused)
     }
 }
 
+TEST_F(PostingsTest, ATextThatIsFarTooLongIsRefused)
+{
+    auto endless = postings()[0];
+    endless.description = QString(2'000'000, 'x');
+
+    EXPECT_EQ(refused([&] { document->post(endless); }),
+              "The change can't be kept: a text in it is too long. Shorten that text.");
+}
+
 TEST_F(PostingsTest, ARefusedChangeLeavesNoMarkInATransactionThatGoesOn)
 {
     auto nothing = postings()[0];

@@ -189,6 +189,19 @@ TEST_F(SafekeepingTest, WorkWhoseFileIsOpenStaysWhereItIs)
     EXPECT_EQ(Document::recover(places, orphans[0])->content(), billsOnly(1));
 }
 
+TEST_F(SafekeepingTest, WorkThatIsNotTakenOverStaysToBeRecovered)
+{
+    save(at("home.budget"), billsOnly(0));
+    crash(at("home.budget"));
+    auto const orphan = Document::orphans(places).at(0);
+
+    EXPECT_THROW(Document::recover(places, orphan, [](Document&) { throw std::runtime_error("no"); }),
+                 std::runtime_error);
+
+    EXPECT_EQ(Document::orphans(places).size(), 1U);
+    EXPECT_EQ(Document::recover(places, orphan)->content(), billsOnly(1));
+}
+
 TEST_F(SafekeepingTest, DiscardedWorkIsNotOfferedAgain)
 {
     save(at("home.budget"), billsOnly(0));
@@ -253,6 +266,23 @@ TEST_F(SafekeepingTest, TheLastFiveSavesAreKept)
     for (auto number = 3; number <= 7; ++number) {
         EXPECT_EQ(contentOf(kept.filePath(QStringLiteral("%1.budget").arg(number))), billsOnly(number - 1));
     }
+}
+
+TEST_F(SafekeepingTest, OtherFilesAmongTheBackupsAreLeftAlone)
+{
+    auto const document = Document::create(places, billsOnly(0));
+    document->saveAs(at("home.budget"));
+    QStringList const others{"007.budget", "2147483647.budget", "copy.budget"};
+    for (auto const& name : others) {
+        writeBytes(backups().filePath(name), "mine");
+    }
+
+    plan(*document, 1);
+    document->save();
+
+    EXPECT_EQ(backups().entryList(QDir::Files, QDir::Name),
+              (QStringList{others[0], "1.budget", "2.budget", others[1], others[2]}));
+    EXPECT_EQ(contentOf(backups().filePath("2.budget")), document->content());
 }
 
 TEST_F(SafekeepingTest, WhatAnotherProgramWroteIsKeptBeforeItIsReplaced)

@@ -11,6 +11,7 @@
 #include <storage/Document.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 
 #include <cstdlib>
@@ -183,12 +184,80 @@ private:
     QString task_;
 };
 
+/// Opens a budget, or recovers what a crash left of it, while one of the calls fails.
+class FaultyReading
+{
+public:
+    FaultyReading(QString const& data, QString const& file, QString const& task)
+        : places_{data + "/working-copies", data + "/backups"},
+          left_{data + "/left/working-copies", data + "/left/backups"},
+          file_(file),
+          isRecovery_(task == "recover")
+    {
+        QFile::remove(file_);
+        QDir(left_.workingCopies).removeRecursively();
+        Document::create(places_, billsOnly(1), payments(1))->saveAs(file_);
+        if (isRecovery_) {
+            leaveBehind();
+        }
+    }
+
+    /// \return whether the reading has as many calls
+    bool run(long call, int error)
+    {
+        arm(call, error);
+        auto const isDone = attempt();
+        auto const isReached = disarm();
+        require(isReached || isDone, "it is refused without a fault");
+        require(isDone || attempt(), "it doesn't work the next time");
+        require(Document::open(places_, file_)->content() == billsOnly(1), "the file has changed");
+        require(Document::orphans(places_).empty(), "it leaves something behind");
+        return isReached;
+    }
+
+private:
+    /// Copies the working copy of a changed budget to where no program uses it.
+    void leaveBehind() const
+    {
+        auto const document = Document::open(places_, file_);
+        plan(*document, 1);
+        QDir().mkpath(left_.workingCopies);
+        QDir const working(places_.workingCopies);
+        for (auto const& name : working.entryList({"*.budget", "*.origin"}, QDir::Files)) {
+            require(QFile::copy(working.filePath(name), left_.workingCopies + '/' + name), "nothing is left behind");
+        }
+    }
+
+    bool attempt() const
+    {
+        try {
+            auto const document = isRecovery_ ? recovered() : Document::open(places_, file_);
+            require(!document || document->content() == billsOnly(isRecovery_ ? 2 : 1), "it reads something else");
+            return document != nullptr;
+        } catch (DocumentError const&) {
+            return false;
+        }
+    }
+
+    std::unique_ptr<Document> recovered() const
+    {
+        auto const found = Document::orphans(left_);
+        return found.empty() ? nullptr : Document::recover(left_, found.front());
+    }
+
+    Places places_;
+    Places left_;
+    QString file_;
+    bool isRecovery_;
+};
+
+template <typename Task>
 void failEachCall(QString const& data, QString const& file, QString const& task, int error)
 {
     auto isReached = true;
     for (auto call = 1L; isReached; ++call) {
         try {
-            isReached = FaultyTask(data, file, task).run(call, error);
+            isReached = Task(data, file, task).run(call, error);
         } catch (std::exception const& failure) {
             throw std::runtime_error("call " + std::to_string(call) + ": " + failure.what());
         }
@@ -211,7 +280,10 @@ void run(QStringList const& arguments)
     } else if (task == "die") {
         die(places, file, arguments.value(4).toLong());
     } else {
-        failEachCall(data, file, arguments.value(4), arguments.value(5).toInt());
+        auto const faulty = arguments.value(4);
+        auto const isReading = faulty == "open" || faulty == "recover";
+        auto const failEach = isReading ? failEachCall<FaultyReading> : failEachCall<FaultyTask>;
+        failEach(data, file, faulty, arguments.value(5).toInt());
     }
 }
 }

@@ -53,6 +53,7 @@ signals:
 private:
     void readAgain();
     void take(std::unique_ptr<storage::Document> document);
+    void take(std::unique_ptr<storage::Document> document, std::unique_ptr<engine::Household> household);
 
     storage::Places places_;
     std::unique_ptr<storage::Document> document_;

@@ -47,7 +47,10 @@ public:
     static std::vector<Orphan> orphans(Places const& places);
 
     /// Opens \a orphan as the document that it was. It counts as changed until it is saved.
-    static std::unique_ptr<Document> recover(Places const& places, Orphan const& orphan);
+    /// \param examine looks at the document; where it throws, the work stays to be recovered another time
+    static std::unique_ptr<Document> recover(
+        Places const& places, Orphan const& orphan,
+        std::function<void(Document&)> const& examine = [](Document& /*recovered*/) {});
 
     /// Gives up \a orphan for good, unless another program has recovered it meanwhile. Logs what can't be removed.
     static void discard(Orphan const& orphan);
