@@ -9,6 +9,7 @@ using tlm::accounting::AccountCode;
 using tlm::accounting::AccountNumber;
 using tlm::accounting::AccountTypes;
 using tlm::banking::AccountNumberBankType;
+using tlm::banking::Bank;
 using tlm::banking::BankName;
 using tlm::budgeting::BudgetItemTypes;
 using tlm::navigation::AllowSubAccounts;
@@ -39,6 +40,11 @@ std::set<AccountCode> Household::codes(AccountTypes type) const
         }
     }
     return found;
+}
+
+Bank const* Household::bank(BankName const& name) const
+{
+    return chart_->find(name);
 }
 
 std::set<BankName> Household::openBanks() const

@@ -70,7 +70,7 @@ std::set<Account> BankTree::accounts() const
 BankAccounts BankTree::listed(Bank const& told) const
 {
     auto accounts = told.accounts();
-    if (auto const* const kept = findBank(household_, told.name)) {
+    if (auto const* const kept = household_.bank(told.name)) {
         auto const shown = shownAt(*kept);
         for (auto const& [number, type] : kept->accounts()) {
             if (parentAmong(shown, number)) {
@@ -117,17 +117,6 @@ std::optional<AccountNumber> BankTree::parentAmong(BankAccounts const& shown, Ac
         highest = above;
     }
     return highest;
-}
-
-Bank const* findBank(Household const& household, BankName const& name)
-{
-    auto const& banks = household.content().books.banks;
-    if (auto const exact = banks.find(name); exact != banks.end()) {
-        return &exact->second;
-    }
-    BankName const tidied(name.institution().trimmed().normalized(QString::NormalizationForm_C));
-    auto const found = banks.find(tidied);
-    return found == banks.end() ? nullptr : &found->second;
 }
 
 AccountCode codeNamed(QString const& name)

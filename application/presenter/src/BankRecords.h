@@ -45,9 +45,6 @@ private:
     std::set<Number> ofGoals_;
 };
 
-/// \return the bank called \a name, blanks around it aside; nullptr when there is none
-tlm::banking::Bank const* findBank(engine::Household const& household, tlm::banking::BankName const& name);
-
 /// \return a code for \a name, a default one for a name that no code can have
 tlm::accounting::AccountCode codeNamed(QString const& name);
 }

@@ -28,6 +28,15 @@ TEST_F(BanksTest, ABankIsKeptUnderItsTidiedName)
     EXPECT_EQ(store.kept(), household.content());
 }
 
+TEST_F(BanksTest, ABankIsFoundWithoutRegardToCaseAndSurroundingBlanks)
+{
+    auto const& kept = household.content().books.banks.at(river);
+
+    EXPECT_EQ(household.bank(river), &kept);
+    EXPECT_EQ(household.bank(BankName(" " + river.institution().toUpper() + " ")), &kept);
+    EXPECT_EQ(household.bank(BankName("Elsewhere")), nullptr);
+}
+
 TEST_F(BanksTest, NamesThatNoBankCanHave)
 {
     expectRefused([&] { household.addBank(BankName(" \t")); },

@@ -159,6 +159,9 @@ public:
     /// \return the codes of all accounts of the type \a type
     std::set<tlm::accounting::AccountCode> codes(tlm::accounting::AccountTypes type) const;
 
+    /// \return the bank of that name, which is found without regard to case and surrounding blanks; none when there is none
+    tlm::banking::Bank const* bank(tlm::banking::BankName const& name) const;
+
     /// \return the banks that aren't closed
     std::set<tlm::banking::BankName> openBanks() const;
 
@@ -187,6 +190,7 @@ public:
     ///         ones included, ordered by date, type and source. The earliest of each item come first and later ones follow
     ///         up once they are dealt with, where there are more than `mostDueOfOneItem_`. An hourly item is due with the
     ///         hours of a whole working day.
+    /// \throws foundation::Error when those come to more than can be counted
     std::vector<tlm::budgeting::BudgetItemAmountDue> due(QDate const& today) const;
 
     /// \return the adviser's judgement of the monthly totals and of all that was borrowed
