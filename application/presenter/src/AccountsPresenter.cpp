@@ -97,7 +97,8 @@ void AccountsPresenter::answer(std::optional<Code> const& original, Code const& 
 
 void AccountsPresenter::tellIfUnseen(Number const& account, Refusal const& refusal)
 {
-    if (!refusal || !isAfterFirstStepOf(account) || !walk_.hasViewGone()) {
+    auto const wasFirstStepTaken = isAfterFirstStepOf(account) && !firstStep_->refusal;
+    if (!refusal || !wasFirstStepTaken || !walk_.hasViewGone()) {
         return;
     }
     auto const& stored = session_.household().content().books.accounts.at(account);

@@ -7,10 +7,12 @@
 #include <QDebug>
 
 #include <utility>
+#include <vector>
 
 namespace tallymere::presenter {
 
 using tlm::adviser::BudgetHealth;
+using tlm::budgeting::BudgetItemAmountDue;
 using tlm::budgeting::BudgetTotals;
 using tlm::desktop_ui::MainWindow;
 
@@ -28,6 +30,17 @@ std::pair<BudgetTotals, BudgetHealth> figuresOf(engine::Household const& househo
                 {tlm::adviser::HealthStatuses::Unhealthy, 0.0, {uncountable.message()}}};
     }
 }
+
+/// \return nothing where even a single day is too large to count: the advice then tells so, since its month is as well
+std::vector<BudgetItemAmountDue> dueToday(engine::Household const& household)
+{
+    try {
+        return household.due(QDate::currentDate());
+    } catch (tlm::foundation::Error const& uncountable) {
+        qWarning() << "Failed to count what is due:" << uncountable.message();
+        return {};
+    }
+}
 }
 
 DashboardPresenter::DashboardPresenter(MainWindow& window, Session& session) : window_(window), session_(session)
@@ -40,7 +53,7 @@ void DashboardPresenter::onPrepareShowDashboard()
     auto const& household = session_.household();
     auto const& settings = household.content().settings;
     auto const [totals, health] = figuresOf(household);
-    window_.onShowDashboard(totals, household.due(QDate::currentDate()), health, settings.dueWithin, settings.preferred,
+    window_.onShowDashboard(totals, dueToday(household), health, settings.dueWithin, settings.preferred,
                             settings.displayAs);
 }
 }

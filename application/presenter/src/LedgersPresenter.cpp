@@ -122,13 +122,19 @@ void LedgersPresenter::tellLength(LedgerAccount const& ledger)
 void LedgersPresenter::onAdded(Transaction const& txn)
 {
     walk_.goOn();
+    post([&](Household& household) { return household.post(posting(txn)); });
+}
+
+/// Answers for \a change, which makes one posting that gets a number.
+void LedgersPresenter::post(std::function<PostingId(Household&)> const& change)
+{
     std::optional<Number> posted;
     auto const refusal = refusalOf(session_, [&](Household& household) {
         if (numbers_.left() == 0) {
             throw Error(tr("No more transactions can be shown at once. Leave the ledgers, open them anew, and add "
                            "this one there."));
         }
-        posted = numbers_.take(household.post(posting(txn)));
+        posted = numbers_.take(change(household));
     });
     answer({}, posted, refusal);
 }
@@ -194,11 +200,7 @@ void LedgersPresenter::onRemoved(Number const& number)
 void LedgersPresenter::onTransferRequested(AccountNumber const& from, AccountNumber const& to,
                                            fiscora::Money const& amount, QString const& reason)
 {
-    std::optional<Number> posted;
-    auto const refusal = refusalOf(session_, [&](Household& household) {
-        posted = numbers_.take(household.transfer(from, to, amount, reason, QDate::currentDate()));
-    });
-    answer({}, posted, refusal);
+    post([&](Household& household) { return household.transfer(from, to, amount, reason, QDate::currentDate()); });
 }
 
 /// \throws foundation::Error for a number that means nothing

@@ -257,6 +257,21 @@ TEST_F(AccountsStepsTest, ARefusedRemovalAfterTheViewClosedOverTheClosingIsToldO
               QStringLiteral("Food is closed now. What else was changed about it was refused: %1").arg(sentence));
 }
 
+TEST_F(AccountsStepsTest, NothingIsToldOfAnAccountWhoseFirstStepWasRefusedToo)
+{
+    AccountNumber const gone(999);
+    closeOn(&MainWindow::accountSaveSucceeded);
+
+    emit window.addedAct(expense(610, "Garden"));
+    emit window.closed(typed(gone, "Gone"));
+    emit window.recoded(typed(gone, "Gone"), typed(gone, "Still gone"));
+    rest();
+
+    ASSERT_EQ(answers.size(), 3U);
+    EXPECT_NE(answers.at(2).refusal, std::nullopt);
+    EXPECT_EQ(readMessage(), QString());
+}
+
 TEST_F(AccountsStepsTest, ARefusalInAViewThatIsStillThereIsLeftToTheView)
 {
     postToAndFro();

@@ -1,49 +1,9 @@
-#include "AccountsFixture.h"
-#include "BooksView.h"
-
-#include <QListWidget>
+#include "AccountsViewFixture.h"
 
 namespace tallymere::presenter {
 namespace {
 
-using tlm::foundation::presentationText;
-using tlm::testing::child;
 using tlm::testing::expectMessage;
-
-class AccountsViewTest : public BooksView<AccountsTest>
-{
-protected:
-    AccountsViewTest() { show(); }
-
-    void show()
-    {
-        emit window.prepareShowAccounts();
-        rest();
-    }
-
-    QListWidget& list() { return child<QListWidget>(view(), "accountCodesLstwdgt"); }
-
-    /// Chooses the account called \a name. \return its form
-    QWidget& form(QString const& name)
-    {
-        auto const rows = list().findItems(AccountCode::separator_ + name, Qt::MatchEndsWith | Qt::MatchCaseSensitive);
-        if (rows.size() != 1) {
-            throw std::runtime_error("no one row of " + name.toStdString());
-        }
-        list().setCurrentItem(rows.front());
-        return shownForm("AccountEntryWdgt");
-    }
-
-    void add(QString const& number, QString const& name, QString const& amount)
-    {
-        press("&Add");
-        auto& added = shownForm("AccountEntryWdgt");
-        choose(added, "ledgerTypeCmbbx", presentationText(AccountTypes::Expense));
-        enter(added, "numberLndt", number);
-        enter(added, "nameLndt", name);
-        enterDollars(added, "balanceMnyntrywdgt", amount);
-    }
-};
 
 TEST_F(AccountsViewTest, TheWholeChartIsShown)
 {

@@ -1,92 +1,10 @@
-#include "BanksFixture.h"
-#include "BooksView.h"
-
-#include <engine/PlannedItem.h>
-
-#include <QTreeWidget>
-
-#include <chrono>
+#include "BanksViewFixture.h"
 
 namespace tallymere::presenter {
 namespace {
 
 using tlm::foundation::presentationText;
-using tlm::testing::child;
 using tlm::testing::expectMessage;
-
-class BanksViewTest : public BooksView<BanksTest>
-{
-protected:
-    void show()
-    {
-        emit window.prepareShowBanks();
-        rest();
-    }
-
-    QTreeWidget& tree() { return child<QTreeWidget>(view(), "bankAndAccountsTrwdgt"); }
-
-    QTreeWidgetItem& row(QString const& text)
-    {
-        auto const rows = tree().findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-        if (rows.size() != 1) {
-            throw std::runtime_error("no one row of " + text.toStdString());
-        }
-        return *rows.front();
-    }
-
-    /// Chooses a row. \return its form
-    QWidget& bankForm(QString const& name)
-    {
-        tree().setCurrentItem(&row(name));
-        return shownForm("BankEntryWdgt");
-    }
-    QWidget& accountForm(AccountCode const& code)
-    {
-        tree().setCurrentItem(&row(tlm::accounting::presentationText(code)));
-        return shownForm("AccountEntryWdgt");
-    }
-
-    void addBank(QString const& name)
-    {
-        press("&Add Bank");
-        enter(shownForm("BankEntryWdgt"), "nameLndt", name);
-    }
-
-    /// Adds an account to the bank that is chosen.
-    void addAccount(QString const& name, BankAccountTypes type, QString const& amount)
-    {
-        press("Add A&ccount");
-        auto& added = shownForm("AccountEntryWdgt");
-        enter(added, "nameLndt", name);
-        choose(added, "bankTypeCmbbx", presentationText(type));
-        enterDollars(added, "balanceMnyntrywdgt", amount);
-    }
-
-    /// Saves, and waits until the banks have followed the accounts.
-    void save()
-    {
-        press(QDialogButtonBox::Save);
-        QTest::qWait(int(std::chrono::milliseconds(std::chrono::seconds(2)).count()));
-        rest();
-    }
-
-    /// Plans a goal that is stored under the checking account. \return the account that it owns
-    AccountNumber storeGoal()
-    {
-        engine::PlannedItem goal;
-        goal.identifier = {tlm::budgeting::BudgetItemTypes::Goal, tlm::budgeting::BudgetSource("Bicycle")};
-        goal.amount = dollars(50);
-        goal.period = tlm::budgeting::EventFrequency::Monthly;
-        goal.nextOccurOn = QDate(2026, 12, 1);
-        goal.goalTotal = dollars(850);
-        session.change([&](Household& household) {
-            household.add(goal, tlm::banking::BankAccount{bank, everyday, BankAccountTypes::Checking},
-                          QDate(2026, 1, 2));
-        });
-        forget();
-        return numberOf("Bicycle");
-    }
-};
 
 TEST_F(BanksViewTest, ABankWithTwoAccountsIsAddedAndFoundInTheFileAgain)
 {
@@ -254,6 +172,25 @@ TEST_F(BanksViewTest, ANewAccountWhoseBankIsRefusedIsTakenBackOnDiscard)
 
     EXPECT_TRUE(readMessage().startsWith("The new account Nest egg was taken back"));
     EXPECT_FALSE(hasAccount(made));
+}
+
+TEST_F(BanksViewTest, ANewAccountThatCannotBeTakenBackIsTold)
+{
+    expectMessage(QtWarningMsg, "Not Everything Was Changed");
+    show();
+    bankForm("Birch Bank");
+    addAccount("Nest egg", BankAccountTypes::Savings, "30");
+    press(QDialogButtonBox::Save);
+    auto const made = numberOf("Nest egg");
+    post(food, made, dollars(5));
+    auto const sentence = sentenceOf([&](Household& household) { household.removeAccount(made); });
+
+    emit window.prepareShowDashboard();
+    rest();
+
+    EXPECT_EQ(readMessage(),
+              QStringLiteral("No bank has the new account Nest egg, and it could not be taken back: %1").arg(sentence));
+    EXPECT_TRUE(hasAccount(made));
 }
 
 TEST_F(BanksViewTest, ANewAccountStaysThatItsBankListsWhenTheViewGoes)

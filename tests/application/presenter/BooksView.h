@@ -99,6 +99,25 @@ protected:
         return line.isHidden() ? QString() : tlm::testing::child<QLabel>(line, QStringLiteral("messageLbl")).text();
     }
 
+    /// Saves the view as a person does.
+    virtual void save() { press(QDialogButtonBox::Save); }
+
+    /// Expects that what a person fills in is refused: it stays on its form with the sentence by which the household refuses
+    /// \a same, and nothing has changed.
+    /// \param fill \return the form
+    void expectRefusedAtSave(std::function<void(Household&)> const& same, std::function<QWidget&()> const& fill)
+    {
+        auto const sentence = this->sentenceOf(same);
+        this->session.save();
+        auto& form = fill();
+
+        save();
+
+        ASSERT_FALSE(isDashboardShown()) << sentence.toStdString();
+        EXPECT_EQ(error(form), sentence);
+        EXPECT_FALSE(this->session.isDirty());
+    }
+
     void saveAndReopen()
     {
         emit this->window.saveBudgetFile();

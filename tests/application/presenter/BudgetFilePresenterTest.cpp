@@ -1,4 +1,5 @@
 #include "Fixture.h"
+#include "FullDisk.h"
 
 #include <presenter/BudgetFilePresenter.h>
 #include <presenter/DashboardPresenter.h>
@@ -130,6 +131,57 @@ TEST_F(BudgetFilePresenterTest, ReloadingReadsTheFileAgain)
     EXPECT_EQ(session.household().content(), engine::sampleHousehold(QDate::currentDate()).content);
     EXPECT_EQ(status(), QStringLiteral("Reloaded: '%1'").arg(path));
     EXPECT_EQ(dashboards.count(), 1);
+}
+
+TEST_F(BudgetFilePresenterTest, TellsWhyAFileCannotBeReadAgainAndKeepsTheBudget)
+{
+    openSample();
+    changeSomething();
+    auto const before = session.household().content();
+    ASSERT_TRUE(QFile::remove(path));
+    expectMessage(QtWarningMsg, "Open Budget");
+
+    emit window.reloadBudgetFile();
+
+    EXPECT_TRUE(readFailure().contains("it isn't there"));
+    EXPECT_EQ(session.household().content(), before);
+    EXPECT_EQ(dashboards.count(), 0);
+    EXPECT_NE(status().left(8), "Reloaded");
+}
+
+TEST_F(BudgetFilePresenterTest, TellsWhyANewBudgetCannotBeBegunAndKeepsTheOldOne)
+{
+    openSample();
+    auto const before = session.household().content();
+    expectMessage(QtWarningMsg, "New Budget");
+
+    {
+        FullDisk const full;
+        emit window.prepareNewBudgetEmpty();
+    }
+
+    EXPECT_FALSE(readFailure().isEmpty());
+    EXPECT_EQ(session.household().content(), before);
+    EXPECT_EQ(session.document().filePathName(), path);
+    EXPECT_EQ(dashboards.count(), 0);
+}
+
+TEST_F(BudgetFilePresenterTest, TellsThatTheDiskIsFullAndKeepsTheFile)
+{
+    openSample();
+    changeSomething();
+    expectMessage(QtWarningMsg, "Save Budget");
+
+    {
+        FullDisk const full;
+        emit window.saveBudgetFile();
+    }
+
+    EXPECT_TRUE(readFailure().contains("sample.budget"));
+    EXPECT_TRUE(session.isDirty());
+    EXPECT_NE(status().left(5), "Saved");
+    emit window.saveBudgetFile();
+    EXPECT_FALSE(session.isDirty());
 }
 
 TEST_F(BudgetFilePresenterTest, SavingABudgetWithoutAFileAsksForAName)

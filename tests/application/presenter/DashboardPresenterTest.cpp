@@ -97,5 +97,29 @@ TEST_F(DashboardPresenterTest, ABudgetTooLargeToCountSaysSoWhereTheAdviceStands)
               "rates.");
     EXPECT_EQ(child<QTableWidget>(window, "budgetItemsDueTblwdgt").rowCount(), 2);
 }
+
+TEST_F(DashboardPresenterTest, ABudgetOfWhichADayIsTooLargeToCountIsShownToo)
+{
+    expectMessage(QtWarningMsg, "Failed to count the budget");
+    expectMessage(QtWarningMsg, "Failed to count what is due");
+    session.change([](engine::Household& household) {
+        engine::PlannedItem item;
+        item.identifier = {tlm::budgeting::BudgetItemTypes::Wage, tlm::budgeting::BudgetSource("Moon")};
+        item.amount = {household.content().settings.preferred, 100'000'000'000'000, 0, 0};
+        item.period = tlm::budgeting::EventFrequency::Hourly;
+        item.nextOccurOn = QDate::currentDate();
+        auto settings = household.content().settings;
+        settings.workingWeek = {std::chrono::hours(1), std::chrono::days(1)};
+        household.configure(settings);
+        household.add(item, {}, QDate::currentDate());
+        settings.workingWeek = {std::chrono::hours(168), std::chrono::days(1)};
+        household.configure(settings);
+    });
+
+    emit window.prepareShowDashboard();
+
+    EXPECT_EQ(child<QTableWidget>(window, "budgetItemsDueTblwdgt").rowCount(), 0);
+    EXPECT_TRUE(child<QTextEdit>(window, "infoTxtdt").toPlainText().startsWith("The budget's amounts add up to more"));
+}
 }
 }

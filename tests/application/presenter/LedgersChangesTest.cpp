@@ -111,6 +111,20 @@ TEST_F(LedgersChangesTest, EachRefusalIsAnsweredWithTheSentenceOfTheHousehold)
                   sentenceOf([&](Household& household) { household.removePosting(id); }), number);
 }
 
+TEST_F(LedgersChangesTest, AnAccountThatIsClosedIsRefused)
+{
+    auto const number = postAndLoad(12);
+    session.change([](Household& household) { household.closeAccount(fun); });
+    Transaction const told(QDate(2026, 4, 2), code(food), code(fun), dollars(1), {}, {}, {});
+    auto const same = made(food, fun, dollars(1), QDate(2026, 4, 2));
+
+    expectRefused([&] { emit window.addedTransaction(told); },
+                  sentenceOf([&](Household& household) { household.post(same); }), {});
+    expectRefused([&] { emit window.updatedTransaction(number, told); },
+                  sentenceOf([&](Household& household) { household.changePosting(PostingId{number.integer()}, same); }),
+                  number);
+}
+
 TEST_F(LedgersChangesTest, ABlankOtherAccountIsRefusedOnEitherSide)
 {
     auto const number = postAndLoad(12);

@@ -118,6 +118,9 @@ TEST_F(LongLedgersTest, NewTransactionsAreTakenUntilNoNumberIsLeft)
     expectRefused(
         [&] { emit window.addedTransaction(record(dollars(3))); },
         "No more transactions can be shown at once. Leave the ledgers, open them anew, and add this one there.", {});
+    expectRefused(
+        [&] { emit window.transferRequested(everyday, card, dollars(3), {}); },
+        "No more transactions can be shown at once. Leave the ledgers, open them anew, and add this one there.", {});
     showAnew();
     forget();
     emit window.addedTransaction(record(dollars(3)));

@@ -1,16 +1,6 @@
-#include "PlanningFixture.h"
+#include "PlanningViewFixture.h"
 
-#include <presenter/BudgetFilePresenter.h>
-#include <presenter/DashboardPresenter.h>
-#include <tlm/foundation/PresentationText.h>
-
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QTableWidget>
-
-#include <support/PlanningRow.h>
-#include <support/Typing.h>
 
 namespace tallymere::presenter {
 namespace {
@@ -18,86 +8,11 @@ namespace {
 using tlm::foundation::presentationText;
 using tlm::testing::child;
 using tlm::testing::expectMessage;
-using tlm::testing::PlanningRow;
-using tlm::testing::planningRow;
 using tlm::testing::planningRows;
 using tlm::testing::shownWindow;
 using tlm::testing::typeOver;
 
-/// The views as the program joins them, over a budget file: a person acts on the widgets, saves, and opens the file again.
-class PlanningFileTest : public PlanningTest
-{
-protected:
-    PlanningFileTest()
-    {
-        for (auto const type : everyKind) {
-            add(type, {"Old " + presentationText(type), dollars(40)});
-        }
-        session.saveAs(path);
-        forget();
-        window.resize(1024, 768);
-        window.show();
-        window.activateWindow();
-    }
-
-    void plan(void (MainWindow::*wish)())
-    {
-        emit(window.*wish)();
-        ASSERT_TRUE(isPlanning());
-    }
-
-    bool isPlanning() { return window.centralWidget()->findChild<QLabel*>("displayingLbl") != nullptr; }
-
-    void press(QDialogButtonBox::StandardButton which)
-    {
-        child<QDialogButtonBox>(*window.centralWidget(), "saveDiscardBttnbx").button(which)->click();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // as the event loop does
-    }
-
-    PlanningRow addRow()
-    {
-        for (auto* const button : window.centralWidget()->findChildren<QPushButton*>()) {
-            if (button->text() == "&Add") {
-                button->click();
-            }
-        }
-        return planningRows(*window.centralWidget()).front();
-    }
-
-    PlanningRow row(QString const& name) { return planningRow(*window.centralWidget(), name); }
-
-    /// Types over what is in \a field and leaves it, as Enter and Tab do.
-    static void enter(QLineEdit& field, QString const& text)
-    {
-        typeOver(field, text);
-        QTest::keyClick(&field, Qt::Key_Return);
-    }
-
-    /// Fills in an item in dollars.
-    static void fill(PlanningRow const& row, QString const& source, QString const& amount,
-                     EventFrequency period = EventFrequency::Monthly)
-    {
-        // Between the choice of a currency and the amount there is none.
-        expectMessage(QtWarningMsg, "The total leaves out an amount that can't be read");
-        enter(row.source(), source);
-        row.currency().setCurrentText("USD");
-        enter(row.amount(), amount);
-        row.period().setCurrentText(presentationText(period));
-    }
-
-    void saveAndReopen()
-    {
-        emit window.saveBudgetFile();
-        ASSERT_FALSE(session.isDirty());
-        session.beginEmpty();
-        emit window.loadBudgetFile(path);
-        ASSERT_EQ(session.document().filePathName(), path);
-    }
-
-    QString const path = home.path("family.budget");
-    DashboardPresenter dashboard{window, session};
-    BudgetFilePresenter budgetFile{window, session};
-};
+using PlanningFileTest = PlanningView;
 
 TEST_F(PlanningFileTest, ABillIsAddedChangedRenamedAndRemovedInOneSave)
 {

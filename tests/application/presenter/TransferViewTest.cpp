@@ -82,6 +82,58 @@ TEST_F(TransferViewTest, ARefusedTransferStaysWithItsMessage)
     EXPECT_EQ(session.household().balance(everyday), dollars(470));
 }
 
+/// What a person fills in and the books refuse stays on the form with the reason.
+class TransferRefusedTest : public TransferViewTest
+{
+protected:
+    /// Fills in that \a amount moves from the checking account to the credit card.
+    std::function<QWidget&()> filledIn(QString const& amount)
+    {
+        return [=, this]() -> QWidget& {
+            chooseAccount("fromBnkaccntwdgt", bank, everyday);
+            chooseAccount("toBnkaccntwdgt", bank, card);
+            enterAmount(amount);
+            return view();
+        };
+    }
+
+    std::function<void(Household&)> moved(Money const& amount)
+    {
+        return
+            [=, this](Household& household) { household.transfer(everyday, card, amount, {}, QDate::currentDate()); };
+    }
+};
+
+TEST_F(TransferRefusedTest, AnAmountOfZero)
+{
+    expectRefusedAtSave(moved(dollars(0)), filledIn("0"));
+}
+
+TEST_F(TransferRefusedTest, AnAmountBelowZero)
+{
+    expectRefusedAtSave(moved(dollars(-7)), filledIn("-7"));
+}
+
+TEST_F(TransferRefusedTest, AnAccountThatWasClosedMeanwhile)
+{
+    session.change([this](Household& household) { household.closeAccount(card); });
+
+    expectRefusedAtSave(moved(dollars(7)), filledIn("7"));
+}
+
+TEST_F(TransferViewTest, MoreThanThereIsMayBeMoved)
+{
+    chooseAccount("fromBnkaccntwdgt", bank, everyday);
+    chooseAccount("toBnkaccntwdgt", bank, card);
+    enterAmount("800");
+
+    press(QDialogButtonBox::Save);
+
+    EXPECT_TRUE(isDashboardShown());
+    saveAndReopen();
+    EXPECT_EQ(session.household().balance(everyday), dollars(-300));
+}
+
 TEST_F(TransferViewTest, ClosedAccountsAndClosedBanksAreNotOffered)
 {
     session.change([this](Household& household) {

@@ -55,7 +55,7 @@ private:
     bool isAfterFirstStepOf(Number const& account) const { return firstStep_ && firstStep_->account == account; }
     Code storedCode(Code const& told) const;
     void answer(std::optional<Code> const& original, Code const& displayed, Refusal const& refusal);
-    /// Sees to it that a refused second step is told where the view went away over the first.
+    /// Sees to it that a refused second step is told where the view went away over the accepted first.
     void tellIfUnseen(Number const& account, Refusal const& refusal);
 
     tlm::desktop_ui::MainWindow& window_;

@@ -59,6 +59,7 @@ private:
     void onTransferRequested(AccountNumber const& from, AccountNumber const& to, fiscora::Money const& amount,
                              QString const& reason);
 
+    void post(std::function<engine::PostingId(engine::Household&)> const& change);
     LedgerAccount ledger(AccountNumber const& number);
     void tellLength(LedgerAccount const& ledger);
     engine::PostingId idOf(Number const& number) const;
