@@ -14,7 +14,6 @@ using tlm::accounting::AccountNumber;
 using tlm::banking::Bank;
 using tlm::banking::BankAccountTypes;
 using tlm::banking::BankMap;
-using tlm::banking::BankName;
 using tlm::budgeting::BudgetItemTypes;
 
 BankTree::BankTree(Household const& household) : household_(household)
