@@ -94,8 +94,8 @@ auto TransactionsWidget::addRecord(AccountCode const& ledger, Transaction&& txn)
 /// An entry that gets its form late has missed what happened since it was added.
 QtPtr<TransactionWidget> TransactionsWidget::makeRow(TransactionRecord const& record)
 {
-    QtPtr<TransactionWidget> const row = new TransactionWidget(
-        othersOf(record), record.transaction, record.ledger, usable_, displayAs_, usesEverydayTerms_, transactionWdgt);
+    QtPtr<TransactionWidget> row = new TransactionWidget(othersOf(record), record.transaction, record.ledger, usable_,
+                                                         displayAs_, usesEverydayTerms_, transactionWdgt);
     for (auto account = record.accounts; account < accounts_.size(); ++account) {
         row->addAccount(accounts_[account]);
     }
