@@ -33,7 +33,6 @@ using navigation::GuiElementIdentifier;
 
 namespace {
 
-constexpr Currency noCurrency{999};
 constexpr auto rowsBetweenTidyings = 32;
 
 /// \return what \a entry comes to per month, none if it counts in no total
@@ -42,7 +41,7 @@ std::optional<Money> monthlyAmount(BudgetedMoneyEntryWidget const& entry)
 {
     auto const amount = entry.amount();
     auto const period = entry.period();
-    if (period == EventFrequency::None || amount.code() == noCurrency || entry.isMarkedForRemoval()) {
+    if (period == EventFrequency::None || amount.code() == Currency::XXX || entry.isMarkedForRemoval()) {
         return std::nullopt;
     }
     return budgeting::accumulateOver(EventFrequency::Monthly, amount, period);
