@@ -13,7 +13,9 @@ public:
     bool eventFilter(QObject* /*window*/, QEvent* event) override
     {
         if (event->type() == QEvent::Paint) {
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+            // Quitting would ask the window whether it may close.
+            auto const exit = [] { QCoreApplication::exit(); };
+            QMetaObject::invokeMethod(qApp, exit, Qt::QueuedConnection);
         }
         return false;
     }

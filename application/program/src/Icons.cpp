@@ -143,15 +143,21 @@ public:
         if (event->type() == QEvent::Paint) {
             window_.removeEventFilter(this);
             dropSecondPainting();
-            QTimer::singleShot(afterPainting, this, [this] {
-                dressShown(window_);
-                deleteLater();
-            });
+            QMetaObject::invokeMethod(this, &DresserOfShown::dressSoon, Qt::QueuedConnection);
         }
         return false;
     }
 
 private:
+    /// The wait begins when all is painted, however long that took.
+    void dressSoon()
+    {
+        QTimer::singleShot(afterPainting, this, [this] {
+            dressShown(window_);
+            deleteLater();
+        });
+    }
+
     QMainWindow& window_;
 };
 }

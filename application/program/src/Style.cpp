@@ -1,16 +1,46 @@
 #include <program/Style.h>
 
 #include <QIcon>
+#include <QIconEngine>
 
 namespace tallymere::program {
+
+namespace {
+
+/// A picture that is read when it is drawn first, since each tool bar asks for its arrow but few need it.
+class LatePicture : public QIconEngine
+{
+public:
+    explicit LatePicture(QString const& file) : file_(file) {}
+
+    void paint(QPainter* painter, QRect const& place, QIcon::Mode mode, QIcon::State state) override
+    {
+        if (picture_.isNull()) {
+            picture_ = QIcon(file_);
+        }
+        picture_.paint(painter, place, Qt::AlignCenter, mode, state);
+    }
+
+    QIconEngine* clone() const override { return new LatePicture(*this); }
+
+private:
+    QString file_;
+    QIcon picture_;
+};
+
+QIcon late(QString const& file)
+{
+    return QIcon(new LatePicture(file)); // which owns the engine
+}
+}
 
 QIcon Style::standardIcon(StandardPixmap standard, QStyleOption const* option, QWidget const* widget) const
 {
     switch (standard) {
     case SP_ToolBarHorizontalExtensionButton:
-        return QIcon(QStringLiteral(":/icons/more.svg"));
+        return late(QStringLiteral(":/icons/more.svg"));
     case SP_ToolBarVerticalExtensionButton:
-        return QIcon(QStringLiteral(":/icons/moreBelow.svg"));
+        return late(QStringLiteral(":/icons/moreBelow.svg"));
     default:
         return QProxyStyle::standardIcon(standard, option, widget);
     }
