@@ -56,33 +56,6 @@ private:
 };
 }
 
-std::int64_t SweptRow::integer(int column) const
-{
-    return sqlite3_value_int64(values_[column]);
-}
-
-bool SweptRow::isInteger(int column) const
-{
-    return sqlite3_value_type(values_[column]) == SQLITE_INTEGER;
-}
-
-bool SweptRow::isNull(int column) const
-{
-    return sqlite3_value_type(values_[column]) == SQLITE_NULL;
-}
-
-bool SweptRow::isText(int column) const
-{
-    return sqlite3_value_type(values_[column]) == SQLITE_TEXT;
-}
-
-std::string_view SweptRow::text(int column) const
-{
-    auto const* const bytes = sqlite3_value_text(values_[column]); // before its length, which it may change
-    auto const size = sqlite3_value_bytes(values_[column]);
-    return {reinterpret_cast<char const*>(bytes), bytes == nullptr ? 0 : static_cast<std::size_t>(size)};
-}
-
 void sweep(SQLite::Database const& database, std::string const& columns, std::string const& source,
            std::function<void(SweptRow const&)> const& visit)
 {

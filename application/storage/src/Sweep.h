@@ -1,11 +1,10 @@
 #pragma once
 
+#include "Columns.h"
+
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
-
-struct sqlite3_value;
 
 namespace SQLite {
 class Database;
@@ -13,22 +12,21 @@ class Database;
 
 namespace tallymere::storage {
 
-/// One row of a sweep. Columns count from 0.
-class SweptRow
+/// One row of a sweep.
+class SweptRow : public Columns<SweptRow>
 {
 public:
     /// \param values one a column, which outlive the row
     explicit SweptRow(sqlite3_value** values) : values_(values) {}
 
-    std::int64_t integer(int column) const;
-    bool isInteger(int column) const;
-    bool isNull(int column) const;
-    bool isText(int column) const;
-
-    /// \return the text in UTF-8, empty for none, until the next row
-    std::string_view text(int column) const;
-
 private:
+    friend Columns<SweptRow>;
+
+    std::int64_t integerAt(int column) const { return sqlite3_value_int64(values_[column]); }
+    int typeAt(int column) const { return sqlite3_value_type(values_[column]); }
+    unsigned char const* textAt(int column) const { return sqlite3_value_text(values_[column]); }
+    int sizeAt(int column) const { return sqlite3_value_bytes(values_[column]); }
+
     sqlite3_value** values_;
 };
 

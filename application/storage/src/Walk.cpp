@@ -35,31 +35,4 @@ void Walk::end() noexcept
 {
     sqlite3_reset(statement_.get());
 }
-
-std::int64_t Walk::integer(int column) const
-{
-    return sqlite3_column_int64(statement_.get(), column);
-}
-
-bool Walk::isInteger(int column) const
-{
-    return sqlite3_column_type(statement_.get(), column) == SQLITE_INTEGER;
-}
-
-bool Walk::isNull(int column) const
-{
-    return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
-}
-
-bool Walk::isText(int column) const
-{
-    return sqlite3_column_type(statement_.get(), column) == SQLITE_TEXT;
-}
-
-std::string_view Walk::text(int column) const
-{
-    auto const* const bytes = sqlite3_column_text(statement_.get(), column); // before its length, which it may change
-    auto const size = sqlite3_column_bytes(statement_.get(), column);
-    return {reinterpret_cast<char const*>(bytes), bytes == nullptr ? 0 : static_cast<std::size_t>(size)};
-}
 }

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "Columns.h"
 #include "Prepared.h"
 
 #include <cstdint>
 #include <initializer_list>
 #include <string>
-#include <string_view>
 
 namespace tallymere::storage {
 
 /// A query that is walked row by row, for the many rows that there may be of postings. It is prepared when it is first
-/// needed. Columns count from 0; failures throw SQLite::Exception.
-class Walk
+/// needed. Failures throw SQLite::Exception.
+class Walk : public Columns<Walk>
 {
 public:
     /// \param database outlives the walk
@@ -26,15 +26,14 @@ public:
     /// Lets go of the tables before the last row was reached.
     void end() noexcept;
 
-    std::int64_t integer(int column) const;
-    bool isInteger(int column) const;
-    bool isNull(int column) const;
-    bool isText(int column) const;
-
-    /// \return the text in UTF-8, empty for none, until the next step
-    std::string_view text(int column) const;
-
 private:
+    friend Columns<Walk>;
+
+    std::int64_t integerAt(int column) const { return sqlite3_column_int64(statement_.get(), column); }
+    int typeAt(int column) const { return sqlite3_column_type(statement_.get(), column); }
+    unsigned char const* textAt(int column) const { return sqlite3_column_text(statement_.get(), column); }
+    int sizeAt(int column) const { return sqlite3_column_bytes(statement_.get(), column); }
+
     SQLite::Database const& database_;
     std::string words_;
     Prepared statement_;
