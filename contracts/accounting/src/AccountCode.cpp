@@ -1,7 +1,7 @@
+#include "Texts.h"
+
 #include <tlm/accounting/AccountCode.h>
 #include <tlm/foundation/Error.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <utility>
@@ -21,18 +21,16 @@ bool isUnreadable(QChar sign)
 void check(QString const& name)
 {
     if (name.trimmed().isEmpty()) {
-        throw foundation::Error(QCoreApplication::translate(
-            "tlm::accounting", "The account has no name. Type one, such as \"Groceries\"."));
+        throw foundation::Error(Texts::tr("The account has no name. Type one, such as \"Groceries\"."));
     }
     if (std::ranges::any_of(name, isUnreadable) || !name.isValidUtf16()) {
-        throw foundation::Error(QCoreApplication::translate(
-            "tlm::accounting",
-            "The account's name holds signs that can't be shown, such as a line break. Type the name anew."));
+        throw foundation::Error(
+            Texts::tr("The account's name holds signs that can't be shown, such as a line break. Type the name anew."));
     }
     if (name.contains(AccountCode::separator_.front())) {
-        throw foundation::Error(QCoreApplication::translate(
-            "tlm::accounting", "The account's name holds a blank of unusual width, which parts numbers from names in "
-                               "lists. Type an ordinary blank in its place."));
+        throw foundation::Error(
+            Texts::tr("The account's name holds a blank of unusual width, which parts numbers from names in "
+                      "lists. Type an ordinary blank in its place."));
     }
 }
 }
@@ -61,9 +59,7 @@ AccountCode toAccountCode(QString const& text)
     auto isNumber = false;
     AccountNumber const number(text.left(std::max(end, qsizetype(0))).toUInt(&isNumber));
     if (!isNumber) {
-        throw foundation::Error(
-            QCoreApplication::translate("tlm::accounting", "\"%1\" isn't the number and name of an account.")
-                .arg(text));
+        throw foundation::Error(Texts::tr("\"%1\" isn't the number and name of an account.").arg(text));
     }
     return {number, text.mid(end + AccountCode::separator_.size()), std::nullopt};
 }

@@ -1,8 +1,8 @@
+#include "Texts.h"
+
 #include <tlm/accounting/Transaction.h>
 #include <tlm/foundation/Error.h>
 #include <tlm/foundation/PresentationText.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <utility>
@@ -36,16 +36,12 @@ Transaction::Transaction(QDate const& occurredOn, AccountCode const& debiting, A
       description_(std::move(description)),
       status_(status)
 {
-    require(occurredOn_.isValid(), QCoreApplication::translate(
-                                       "tlm::accounting", "The transaction has no date. Pick the day it happened on."));
+    require(occurredOn_.isValid(), Texts::tr("The transaction has no date. Pick the day it happened on."));
     require(!areSame(debiting_, crediting_),
-            QCoreApplication::translate("tlm::accounting", "The money comes from the account that it goes to. Choose "
-                                                           "two different accounts."));
-    require(amount_.code() != fiscora::Currency::XXX,
-            QCoreApplication::translate("tlm::accounting", "The amount has no currency. Choose one."));
-    require(amount_ > 0, QCoreApplication::translate("tlm::accounting", "The amount isn't above zero. Type how much "
-                                                                        "it was, and swap the accounts if the money "
-                                                                        "went the other way."));
+            Texts::tr("The money comes from the account that it goes to. Choose two different accounts."));
+    require(amount_.code() != fiscora::Currency::XXX, Texts::tr("The amount has no currency. Choose one."));
+    require(amount_ > 0, Texts::tr("The amount isn't above zero. Type how much it was, and swap the accounts if the "
+                                   "money went the other way."));
 }
 
 void Transaction::markCleared() noexcept

@@ -1,7 +1,8 @@
+#include "Texts.h"
+
 #include <tlm/accounting/TransactionNumber.h>
 #include <tlm/foundation/Error.h>
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -44,7 +45,7 @@ QString presentationText(TransactionNumber const& number)
 
 QString transactionCaption()
 {
-    return QCoreApplication::translate("tlm::accounting", "TXN %1");
+    return Texts::tr("TXN %1");
 }
 
 std::optional<TransactionNumber> toTransactionNumber(QString const& text)
@@ -57,8 +58,7 @@ std::optional<TransactionNumber> toTransactionNumber(QString const& text)
     auto isNumber = false;
     TransactionNumber const number((captioned.isEmpty() ? onlyDigits(text) : captioned).toUShort(&isNumber));
     if (!isNumber) {
-        throw foundation::Error(
-            QCoreApplication::translate("tlm::accounting", "\"%1\" tells no transaction's number.").arg(text));
+        throw foundation::Error(Texts::tr("\"%1\" tells no transaction's number.").arg(text));
     }
     return number;
 }

@@ -1,8 +1,8 @@
+#include "Texts.h"
+
 #include <tlm/budgeting/Accumulate.h>
 #include <tlm/budgeting/WorkingWeek.h>
 #include <tlm/foundation/Error.h>
-
-#include <QCoreApplication>
 
 #include <array>
 #include <cstddef>
@@ -43,8 +43,7 @@ constexpr std::array<YearlyCount, 22> yearlyCounts{{
 YearlyCount yearlyCount(EventFrequency frequency)
 {
     if (frequency == EventFrequency::None) {
-        throw foundation::Error(QCoreApplication::translate(
-            "tlm::budgeting", "What has no period can't be reckoned up. Choose how often it happens."));
+        throw foundation::Error(Texts::tr("What has no period can't be reckoned up. Choose how often it happens."));
     }
     auto count = yearlyCounts.at(static_cast<std::size_t>(frequency));
     if (frequency == EventFrequency::Hourly) {
@@ -70,8 +69,7 @@ fiscora::Money accumulateOver(EventFrequency over, fiscora::Money const& amount,
     auto const total =
         roundedQuotient(Wide(amount.amount()) * occurring.times * asked.within, Wide(occurring.within) * asked.times);
     if (total < std::numeric_limits<long long>::min() || total > std::numeric_limits<long long>::max()) {
-        throw std::overflow_error(
-            QCoreApplication::translate("tlm::budgeting", "The amount is too large to be reckoned up.").toStdString());
+        throw std::overflow_error(Texts::tr("The amount is too large to be reckoned up.").toStdString());
     }
     return fiscora::Money::fromAmount(amount.code(), static_cast<long long>(total));
 }

@@ -1,6 +1,6 @@
-#include <tlm/budgeting/BudgetItemIdentifier.h>
+#include "Texts.h"
 
-#include <QCoreApplication>
+#include <tlm/budgeting/BudgetItemIdentifier.h>
 
 namespace tlm::budgeting {
 
@@ -9,7 +9,7 @@ QString presentationText(BudgetItemIdentifier const& identifier)
     if (identifier.type == BudgetItemTypes::None || identifier.source.isEmpty()) {
         return presentationText(identifier.type) + presentationText(identifier.source);
     }
-    return QCoreApplication::translate("tlm::budgeting", "%1: %2", "type and source of a budget item")
+    return Texts::tr("%1: %2", "type and source of a budget item")
         .arg(presentationText(identifier.type), presentationText(identifier.source));
 }
 

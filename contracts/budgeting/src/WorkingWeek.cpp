@@ -1,7 +1,7 @@
+#include "Texts.h"
+
 #include <tlm/budgeting/WorkingWeek.h>
 #include <tlm/foundation/Error.h>
-
-#include <QCoreApplication>
 
 namespace tlm::budgeting {
 
@@ -15,9 +15,8 @@ void setWorkingWeek(WorkingWeek const& week)
     using namespace std::chrono_literals;
     using std::chrono::days;
     if (week.hours < 1h || week.hours > 168h || week.days < days(1) || week.days > days(7)) {
-        throw foundation::Error(QCoreApplication::translate(
-            "tlm::budgeting",
-            "A working week has from 1 to 168 hours, on 1 to 7 days. Give both within these bounds."));
+        throw foundation::Error(
+            Texts::tr("A working week has from 1 to 168 hours, on 1 to 7 days. Give both within these bounds."));
     }
     current = week;
 }

@@ -1,11 +1,11 @@
 #include "Checked.h"
 
-#include "Text.h"
+#include "Texts.h"
 
 namespace fiscora::checked {
 
 void raiseOverflow()
 {
-    throw std::overflow_error(sentence(QT_TRANSLATE_NOOP("fiscora", "This amount is too large to be kept.")));
+    throw std::overflow_error(Texts::tr("This amount is too large to be kept.").toStdString());
 }
 }

@@ -1,5 +1,5 @@
 #include "Checked.h"
-#include "Text.h"
+#include "Texts.h"
 
 #include <fiscora/Conversions.h>
 
@@ -74,12 +74,10 @@ Wide scale(Wide value, int exponent)
 void registerConversion(Currency const& from, Currency const& to, FloatingPoint const& rate)
 {
     if (!std::isfinite(rate.underlying()) || rate.underlying() <= 0.0) {
-        throw std::invalid_argument(
-            sentence(QT_TRANSLATE_NOOP("fiscora", "An exchange rate has to be a number above zero.")));
+        throw std::invalid_argument(Texts::tr("An exchange rate has to be a number above zero.").toStdString());
     }
     if (from == to || from == Currency::XXX || to == Currency::XXX) {
-        throw std::invalid_argument(
-            sentence(QT_TRANSLATE_NOOP("fiscora", "An exchange rate needs two different currencies.")));
+        throw std::invalid_argument(Texts::tr("An exchange rate needs two different currencies.").toStdString());
     }
     rates().insert_or_assign({from, to}, shortestDecimal(rate.underlying()));
 }

@@ -1,5 +1,5 @@
 #include "CurrencyTable.h"
-#include "Text.h"
+#include "Texts.h"
 
 #include <fiscora/Currency.h>
 
@@ -12,8 +12,7 @@ namespace {
 
 [[noreturn]] void raiseUnknownCurrency()
 {
-    throw std::invalid_argument(
-        sentence(QT_TRANSLATE_NOOP("fiscora", "This currency isn't known. Choose one of the list.")));
+    throw std::invalid_argument(Texts::tr("This currency isn't known. Choose one of the list.").toStdString());
 }
 
 CurrencyEntry const& entryOf(Currency code)

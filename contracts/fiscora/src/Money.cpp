@@ -1,5 +1,5 @@
 #include "Checked.h"
-#include "Text.h"
+#include "Texts.h"
 
 #include <fiscora/Money.h>
 #include <fiscora/MoneyParts.h>
@@ -23,9 +23,9 @@ long long subMinorUnitsInMinor()
 void requireSame(Currency left, Currency right)
 {
     if (left != right) {
-        throw std::invalid_argument(sentence(QT_TRANSLATE_NOOP(
-            "fiscora",
-            "Amounts of different currencies can't be reckoned with each other. Convert one of them first.")));
+        throw std::invalid_argument(
+            Texts::tr("Amounts of different currencies can't be reckoned with each other. Convert one of them first.")
+                .toStdString());
     }
 }
 
@@ -44,8 +44,8 @@ long long fraction(Currency code, unsigned short minor, unsigned short subMinor)
 {
     auto const subMinorUnits = static_cast<unsigned short>(subMinor & ~MoneyParts::minusFlag_);
     if (minor >= checked::powerOfTen(minorUnitDigits(code)) || subMinorUnits >= subMinorUnitsInMinor()) {
-        throw std::invalid_argument(sentence(
-            QT_TRANSLATE_NOOP("fiscora", "The part after the decimal point has more digits than this currency has.")));
+        throw std::invalid_argument(
+            Texts::tr("The part after the decimal point has more digits than this currency has.").toStdString());
     }
     return minor * subMinorUnitsInMinor() + subMinorUnits;
 }
@@ -57,7 +57,7 @@ Money::Money(Currency const& code, long long const& major, unsigned short const&
     auto const hasMinusFlag = (subMinor & MoneyParts::minusFlag_) != 0;
     if (hasMinusFlag && major != 0) {
         throw std::invalid_argument(
-            sentence(QT_TRANSLATE_NOOP("fiscora", "Whole units and the part after the decimal point differ in sign.")));
+            Texts::tr("Whole units and the part after the decimal point differ in sign.").toStdString());
     }
     auto const below = fraction(code, minor, subMinor);
     amount_ = major < 0 || hasMinusFlag ? checked::subtract(amount_, below) : checked::add(amount_, below);
@@ -111,7 +111,7 @@ double Money::operator/(Money const& other) const
 {
     requireSame(code_, other.code_);
     if (other.amount_ == 0) {
-        throw std::domain_error(sentence(QT_TRANSLATE_NOOP("fiscora", "An amount can't be measured against zero.")));
+        throw std::domain_error(Texts::tr("An amount can't be measured against zero.").toStdString());
     }
     return static_cast<double>(amount_) / static_cast<double>(other.amount_);
 }

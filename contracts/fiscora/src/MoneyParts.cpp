@@ -1,5 +1,5 @@
 #include "Checked.h"
-#include "Text.h"
+#include "Texts.h"
 
 #include <fiscora/Money.h>
 #include <fiscora/MoneyParts.h>
@@ -14,9 +14,9 @@ namespace {
 constexpr char32_t arabicDecimalSeparator = U'\u066B';
 constexpr std::size_t codeLength = 3;
 
-[[noreturn]] void refuse(char const* source)
+[[noreturn]] void refuse(QString const& sentence)
 {
-    throw std::invalid_argument(sentence(source));
+    throw std::invalid_argument(sentence.toStdString());
 }
 
 /// Marks that locales put beside a minus so that it stands on the right side; they mean nothing here.
@@ -106,8 +106,7 @@ long long number(std::vector<int> const& digits, bool isNegative)
 MoneyParts makeParts(Currency code, bool isNegative, std::vector<int> const& whole, std::vector<int> fraction)
 {
     if (fraction.size() > storedDigits(code)) {
-        refuse(QT_TRANSLATE_NOOP("fiscora",
-                                 "There are too many digits after the decimal point. Leave out the last ones."));
+        refuse(Texts::tr("There are too many digits after the decimal point. Leave out the last ones."));
     }
     auto const hasMinor = !fraction.empty() && minorUnitDigits(code) > 0;
     fraction.resize(storedDigits(code));
@@ -128,20 +127,19 @@ MoneyParts split(std::string const& text, char decimalPoint)
     AmountReader reader(text.substr(0, text.size() - codeLength), decimalPoint);
     if (code == Currency::XXX) {
         if (!reader.isAtEnd()) {
-            refuse(QT_TRANSLATE_NOOP("fiscora", "This amount has no currency. Choose one."));
+            refuse(Texts::tr("This amount has no currency. Choose one."));
         }
         return {code, 0, std::nullopt, 0};
     }
     if (reader.isAtEnd()) {
-        refuse(QT_TRANSLATE_NOOP("fiscora", "There is no amount. Enter one, or a zero."));
+        refuse(Texts::tr("There is no amount. Enter one, or a zero."));
     }
     auto const isNegative = reader.takeMinus();
     auto const whole = reader.takeDigits();
     auto const fraction = reader.takePoint() ? reader.takeDigits() : std::vector<int>();
     if (!reader.isAtEnd() || (whole.empty() && fraction.empty())) {
-        refuse(QT_TRANSLATE_NOOP("fiscora",
-                                 "This isn't an amount. Enter digits with at most one decimal point, and a minus "
-                                 "only in front."));
+        refuse(Texts::tr("This isn't an amount. Enter digits with at most one decimal point, and a minus "
+                         "only in front."));
     }
     return makeParts(code, isNegative, whole, fraction);
 }

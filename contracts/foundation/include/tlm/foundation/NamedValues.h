@@ -24,6 +24,8 @@ struct NamedValue
 template <typename Value, std::size_t Count>
 class NamedValues
 {
+    Q_DECLARE_TR_FUNCTIONS(tlm::foundation)
+
 public:
     /// \param context where translators find the names, which are marked by `QT_TRANSLATE_NOOP`
     /// \param names each value once, the names all different
@@ -45,9 +47,7 @@ public:
         auto const* const found =
             std::ranges::find(names_, text, [this](auto const& named) { return translated(named.name); });
         if (found == names_.end()) {
-            throw Error(QCoreApplication::translate("tlm::foundation",
-                                                    "\"%1\" is none of the choices here. Pick one from the list.")
-                            .arg(text));
+            throw Error(tr("\"%1\" is none of the choices here. Pick one from the list.").arg(text));
         }
         return found->value;
     }
