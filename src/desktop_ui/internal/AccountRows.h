@@ -1,20 +1,17 @@
 #pragma once
 
 #include "internal/AccountReplies.h"
+#include "internal/FormRows.h"
 
 #include <tlm/accounting/AccountCode.h>
-#include <tlm/foundation/QtPtr.h>
 
 #include <QDebug>
 
-#include <algorithm>
 #include <cstddef>
 #include <deque>
-#include <memory>
+#include <exception>
 #include <optional>
 #include <tuple>
-#include <unordered_map>
-#include <vector>
 
 class QListWidgetItem;
 
@@ -22,33 +19,24 @@ namespace tlm::desktop_ui::internal {
 
 class AccountEntryWidget;
 
-/// The rows of the list of accounts with their forms, in the order of adding, and what each waits to be told.
-///
-/// Rows and forms find each other by what they are, since their texts are typed by people: any two may be equal.
-class AccountRows
+/// A row of the list of accounts.
+struct AccountRow
+{
+    QListWidgetItem* item;
+    AccountEntryWidget* form;
+    std::deque<SentAccountChange> awaited;
+    bool isClosed;
+    bool isLeaving = false;
+};
+
+/// The rows of the list of accounts with their forms, and what each waits to be told.
+class AccountRows : public FormRows<QListWidgetItem, AccountEntryWidget, AccountRow>
 {
 public:
-    using Form = foundation::QtPtr<AccountEntryWidget>;
-
-    AccountRows();
-    ~AccountRows();
-
     /// \param item and \a form stay until remove()
     void add(QListWidgetItem& item, AccountEntryWidget& form);
 
-    /// Forgets \a form with its row, and ends neither.
-    void remove(AccountEntryWidget const& form);
-
-    bool contains(AccountEntryWidget const& form) const { return rowOf_.contains(&form); }
-
-    /// \return nullptr for a row that isn't here
-    AccountEntryWidget* formOf(QListWidgetItem const* item) const;
-    QListWidgetItem* itemOf(AccountEntryWidget const& form) const { return rowOf_.at(&form)->item; }
-
-    /// \return the forms as they are now, to walk through while they come and go
-    std::vector<Form> forms() const;
-
-    bool anyDirty() const;
+    using FormRows::remove;
 
     /// The form sent \a change, which will be answered.
     /// \param shown the account as it was sent
@@ -65,8 +53,8 @@ public:
     void awaitAtMost(AccountEntryWidget const& form, std::size_t most);
 
     /// The account is removed, but the form stays until it waits for nothing.
-    void leave(AccountEntryWidget const& form) { rowOf_.at(&form)->isLeaving = true; }
-    bool isLeaving(AccountEntryWidget const& form) const { return rowOf_.at(&form)->isLeaving; }
+    void leave(AccountEntryWidget const& form) { rowOf(form).isLeaving = true; }
+    bool isLeaving(AccountEntryWidget const& form) const { return rowOf(form).isLeaving; }
 
     /// \return whether the account is closed as far as was told
     bool wasClosed(AccountEntryWidget const& form) const;
@@ -75,7 +63,7 @@ public:
     template <typename Matches>
     AccountEntryWidget* find(Matches const& matches) const
     {
-        for (auto const& row : rows_) {
+        for (auto const& row : rows()) {
             if (tried([&] { return matches(*row->form); }, false)) {
                 return row->form;
             }
@@ -92,7 +80,7 @@ public:
     {
         AccountEntryWidget* nearest = nullptr;
         std::tuple<bool, int, bool> least;
-        for (auto const& row : rows_) {
+        for (auto const& row : rows()) {
             auto const sent = row->awaited.empty() ? Distance() : distance(row->awaited.front());
             auto const shown = tried([&] { return distance(*row->form); }, Distance());
             auto const found = lesser(sent, shown);
@@ -109,17 +97,6 @@ public:
     }
 
 private:
-    struct Row
-    {
-        QListWidgetItem* item;
-        AccountEntryWidget* form;
-        std::deque<SentAccountChange> awaited;
-        bool isClosed;
-        bool isLeaving = false;
-    };
-
-    static bool isDirty(Row const& row);
-
     /// \return what \a look finds, \a nothing where it fails
     template <typename Look, typename Found>
     static Found tried(Look const& look, Found nothing)
@@ -131,10 +108,5 @@ private:
             return nothing;
         }
     }
-
-    std::vector<std::unique_ptr<Row>> rows_;
-    std::unordered_map<AccountEntryWidget const*, Row*> rowOf_;
-    std::unordered_map<QListWidgetItem const*, Row*> rowAt_;
-    mutable AccountEntryWidget const* lastDirty_ = nullptr; ///< where anyDirty() looks first
 };
 }

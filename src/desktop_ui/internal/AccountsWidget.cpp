@@ -96,7 +96,7 @@ void AccountsWidget::addNewEntry()
 {
     Form form = rows_.find([](AccountEntryWidget const& entry) { return entry.isEmpty(); });
     if (form) {
-        accountCodesLstwdgt->setCurrentItem(rows_.itemOf(*form));
+        accountCodesLstwdgt->setCurrentItem(rows_.itemOf(form.get()));
     } else {
         form = addEntry(std::nullopt, ParentNumbers(numbers_));
     }
@@ -141,7 +141,7 @@ auto AccountsWidget::displayed() const -> Form
 /// Lets the list say what was typed into \a form, and the other forms offer its number.
 void AccountsWidget::followTyping(Form const& form)
 {
-    rows_.itemOf(*form)->setText(form->displayText());
+    rows_.itemOf(form.get())->setText(form->displayText());
     AccountNumber const number(form->number());
     if (number == AccountNumber() || form->numberErrorMessage()) {
         return;

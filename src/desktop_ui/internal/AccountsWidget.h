@@ -68,7 +68,7 @@ private slots:
     void onClicked(tlm::foundation::QtPtr<QAbstractButton> const& button);
 
 private:
-    using Form = AccountRows::Form;
+    using Form = foundation::QtPtr<AccountEntryWidget>;
 
     /// The form that is being sent, which answers inside the emission are about, most likely.
     struct Sending

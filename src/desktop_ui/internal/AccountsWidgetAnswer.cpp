@@ -24,7 +24,7 @@ template <typename Distance>
 auto AccountsWidget::locate(Distance const& distanceOf) const -> Form
 {
     auto const& sent = sending_.form;
-    auto const isMeant = sent && rows_.contains(*sent) && distanceOf(*sent).has_value();
+    auto const isMeant = rows_.contains(sent.get()) && distanceOf(*sent).has_value();
     return isMeant ? sent : Form(rows_.nearest(distanceOf));
 }
 
@@ -57,7 +57,7 @@ void AccountsWidget::onSaveFailed(std::optional<AccountCode> const& original, QS
     logRefusal(original, displayed, errorMessage);
     auto form = locate([&](auto const& sentOrShown) { return distance(sentOrShown, original, displayed); });
     auto const namesNothing = !original && displayed.value_or(AccountCode()) == AccountCode();
-    if (namesNothing && sending_.form && rows_.contains(*sending_.form) && !sending_.form->code()) {
+    if (namesNothing && rows_.contains(sending_.form.get()) && !sending_.form->code()) {
         form = sending_.form; // a new account that made no code
     }
     if (!form) {
@@ -77,7 +77,7 @@ void AccountsWidget::onSaveFailed(std::optional<AccountCode> const& original, QS
 void AccountsWidget::refuse(Form const& form, QString const& errorMessage)
 {
     form->showError(errorMessage);
-    accountCodesLstwdgt->setCurrentItem(rows_.itemOf(*form));
+    accountCodesLstwdgt->setCurrentItem(rows_.itemOf(form.get()));
 }
 
 /// A form whose account is gone stays as long as answers to it are to come.
@@ -91,7 +91,7 @@ void AccountsWidget::removeOnceAnswered(Form const& form)
 void AccountsWidget::removeEntry(Form const& form)
 {
     auto const& list = *accountCodesLstwdgt;
-    QtPtr<QListWidgetItem> const item = rows_.itemOf(*form);
+    QtPtr<QListWidgetItem> const item = rows_.itemOf(form.get());
     auto const wasCurrent = item == list.currentItem();
     auto const row = list.row(item.get());
     removeRow(item);

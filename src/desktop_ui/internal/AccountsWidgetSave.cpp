@@ -92,7 +92,7 @@ void AccountsWidget::save()
     }
     QtPtr<AccountsWidget> const self = this;
     for (auto const& form : rows_.forms()) {
-        if (form && rows_.contains(*form) && !trySave(form)) {
+        if (rows_.contains(form.get()) && !trySave(form)) {
             return;
         }
     }
@@ -120,7 +120,7 @@ bool AccountsWidget::trySave(Form const& form)
     } catch (std::exception const& failure) {
         auto const message = QString::fromUtf8(failure.what());
         qWarning() << "Account entry save error for" << shown.text << message;
-        if (self && form && rows_.contains(*form)) {
+        if (self && rows_.contains(form.get())) {
             sending_.isUnderWay = false;
             rows_.awaitAtMost(*form, awaited); // the fault stands for an answer
             logRefusal(form->code(), shown.refused(), message);

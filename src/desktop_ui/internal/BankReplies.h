@@ -38,4 +38,11 @@ bool isNamed(QString const& told, accounting::AccountCode const& code);
 
 /// \param told names a bank that was sent
 bool isNamed(QString const& told, banking::BankName const& name);
+
+/// Takes what a refusal names.
+template <typename Name>
+bool isNamed(QString const& told, std::optional<Name> const& original, std::optional<Name> const& displayed)
+{
+    return isNamed(told, displayed ? *displayed : original.value_or(Name()));
+}
 }

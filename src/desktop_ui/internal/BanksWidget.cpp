@@ -165,7 +165,7 @@ auto BanksWidget::add(Bank const& bank) -> Row
 
 auto BanksWidget::add(Row bank, Account const& account, BankAccountTypes const& type) -> Row
 {
-    auto* const holder = bankEntries_.find(bank);
+    auto* const holder = bankEntries_.formOf(bank);
     if (holder == nullptr) {
         qFatal("Failed to locate the bank widget item that is to hold the account.");
     }
@@ -187,7 +187,7 @@ bool BanksWidget::add(AccountCode const& parent, Account const& account, RowsByN
     }
     Row const row = new QTreeWidgetItem(found->second);
     insert(row, account, account.type(), std::nullopt);
-    accountEntries_.find(row)->setEditable(false);
+    accountEntries_.formOf(row)->setEditable(false);
     rows.emplace(account.code().number(), row);
     return true;
 }
@@ -225,10 +225,10 @@ void BanksWidget::place(Row row, QWidget& form)
 
 QWidget* BanksWidget::formOf(Row row) const
 {
-    if (auto* const bank = bankEntries_.find(row)) {
+    if (auto* const bank = bankEntries_.formOf(row)) {
         return bank;
     }
-    return accountEntries_.find(row);
+    return accountEntries_.formOf(row);
 }
 
 /// The Tab key comes to the buttons behind the form that was made last, since they stand below all forms. To move them once is
@@ -295,11 +295,11 @@ void BanksWidget::onCurrentItemChanged(QtPtr<QTreeWidgetItem> const& current, Qt
 /// Lets \a row say what was typed into its form.
 void BanksWidget::conceal(Row row)
 {
-    if (auto* const bank = bankEntries_.find(row)) {
+    if (auto* const bank = bankEntries_.formOf(row)) {
         bank->hide();
         auto const name = bank->tryBankName();
         row->setText(nameColumn, name ? name->institution() : BankNameWidget::newBankText());
-    } else if (auto* const account = accountEntries_.find(row)) {
+    } else if (auto* const account = accountEntries_.formOf(row)) {
         account->hide();
         auto const text = account->displayText();
         row->setText(nameColumn, text.isEmpty() ? AccountEntryWidget::newEntryText() : text);
@@ -311,10 +311,10 @@ void BanksWidget::conceal(Row row)
 void BanksWidget::display(Row row)
 {
     selectedKind_ = Kinds::Nothing;
-    if (auto* const bank = bankEntries_.find(row)) {
+    if (auto* const bank = bankEntries_.formOf(row)) {
         bank->show();
         selectedKind_ = Kinds::Bank;
-    } else if (auto* const account = accountEntries_.find(row)) {
+    } else if (auto* const account = accountEntries_.formOf(row)) {
         account->show();
         selectedKind_ = account->bankType() ? Kinds::BankAccount : Kinds::SubAccount;
     }
@@ -329,7 +329,7 @@ void BanksWidget::calculateParentBalances()
     auto const signWidth = tree.fontMetrics().averageCharWidth();
     auto width = tree.headerItem()->text(balanceColumn).size() * signWidth;
     for (QTreeWidgetItemIterator row(&tree, QTreeWidgetItemIterator::HasChildren); *row != nullptr; ++row) {
-        if (accountEntries_.find(*row) != nullptr) {
+        if (accountEntries_.formOf(*row) != nullptr) {
             auto const text = balanceText(*row);
             (*row)->setText(balanceColumn, text);
             width = std::max(width, text.size() * signWidth);
@@ -353,9 +353,9 @@ void BanksWidget::showEvent(QShowEvent* event)
 QString BanksWidget::balanceText(Row parent) const
 {
     try {
-        auto total = accountEntries_.find(parent)->balance();
+        auto total = accountEntries_.formOf(parent)->balance();
         for (auto place = 0; place < parent->childCount(); ++place) {
-            total += accountEntries_.find(parent->child(place))->balance();
+            total += accountEntries_.formOf(parent->child(place))->balance();
         }
         return foundation::presentationText(total, foundation::WithCurrency());
     } catch (std::exception const& failure) {

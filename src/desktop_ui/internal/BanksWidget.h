@@ -1,7 +1,7 @@
 #pragma once
 
 #include "internal/ParentNumbers.h"
-#include "internal/RowForms.h"
+#include "internal/TreeRows.h"
 #include "ui_BanksWdgt.h"
 
 #include <fiscora/Currency.h>
@@ -23,6 +23,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <vector>
 
 class QAbstractButton;
 class QPushButton;
@@ -131,8 +132,8 @@ private:
     QString balanceText(Row parent) const;
 
     void saveAccounts();
-    template <typename Form, typename Save>
-    bool walk(RowForms<Form>& entries, char const* failure, Save const& save);
+    template <typename Form>
+    std::optional<std::vector<foundation::QtPtr<Form>>> walk(TreeRows<Form>& entries, char const* failure);
     bool save(AccountEntryWidget& form, QString const& text);
     bool save(BankEntryWidget& form, QString const& text);
     void modify(BankEntryWidget& form, QString const& text);
@@ -152,7 +153,7 @@ private:
     foundation::QtPtr<QPushButton> addBankBttn_;
     foundation::QtPtr<QPushButton> addAccountBttn_;
     Kinds selectedKind_ = Kinds::Nothing;
-    RowForms<BankEntryWidget> bankEntries_;
-    RowForms<AccountEntryWidget> accountEntries_;
+    TreeRows<BankEntryWidget> bankEntries_;
+    TreeRows<AccountEntryWidget> accountEntries_;
 };
 }

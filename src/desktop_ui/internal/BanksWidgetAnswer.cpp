@@ -33,22 +33,22 @@ bool isNew(BankEntryWidget const& form)
     return !form.bank();
 }
 
-/// Takes an answer.
-/// \param distance as RowForms::nearest() has it. What is new and just being sent is meant by an answer that fits nothing
-///        else: it may bear none of what was typed.
-/// \param isAbout whether a name that was told may be what the answer is about
+/// Takes an answer. What is new and just being sent is meant by an answer that fits nothing else: it may bear none of what
+/// was typed.
 /// \param failure ends the program when the answer fits nothing
+/// \param names what the answer tells, as distance() and isNamed() take it
 /// \return the row that the answer is about, nullptr when that has gone since
-template <typename Form, typename Measure, typename IsAbout>
-QTreeWidgetItem* answered(RowForms<Form>& entries, Measure const& distance, IsAbout const& isAbout, char const* failure)
+template <typename Form, typename... Names>
+QTreeWidgetItem* answered(TreeRows<Form>& entries, char const* failure, Names const&... names)
 {
-    auto [row, found] = entries.nearest(distance);
-    if (found != 0 && entries.answerGone(isAbout)) {
+    auto [row, found] =
+        entries.nearest([&](QString const& text, Form const& form) { return distance(text, form, names...); });
+    if (found != 0 && entries.answerGone([&](QString const& told) { return isNamed(told, names...); })) {
         return nullptr;
     }
     auto const* const sent = entries.sent();
     if (row == nullptr && sent != nullptr && isNew(*sent)) {
-        row = entries.find(sent);
+        row = entries.itemOf(sent);
     }
     if (row == nullptr) {
         qFatal("%s", failure);
@@ -61,14 +61,12 @@ QTreeWidgetItem* answered(RowForms<Form>& entries, Measure const& distance, IsAb
 void BanksWidget::onAccountSaveSucceeded(AccountCode const& ac)
 {
     qInfo() << "Successfully saved account to ledger." << ac.name();
-    auto* const row = answered(
-        accountEntries_, [&](auto const& text, auto const& form) { return distance(text, form, ac); },
-        [&](auto const& told) { return isNamed(told, ac); }, "Failed to locate the account that saved successfully.");
+    auto* const row = answered(accountEntries_, "Failed to locate the account that saved successfully.", ac);
     if (row == nullptr) {
         return;
     }
     paint(*row, Qt::green);
-    if (auto& form = *accountEntries_.find(row); form.isRemoved()) {
+    if (auto& form = *accountEntries_.formOf(row); form.isRemoved()) {
         removeRow(row);
     } else {
         form.saved(ac);
@@ -82,10 +80,7 @@ void BanksWidget::onAccountSaveFailed(std::optional<AccountCode> const& original
     qWarning() << "Account entry failed to save,"
                << "Original Code" << original.value_or(AccountCode()).name() << "Displayed Code"
                << displayed.value_or(AccountCode()).name() << errorMessage;
-    auto* const row = answered(
-        accountEntries_, [&](auto const& text, auto const& form) { return distance(text, form, original, displayed); },
-        [&](auto const& told) { return isNamed(told, displayed ? *displayed : original.value_or(AccountCode())); },
-        "Failed to locate the account whose save failed.");
+    auto* const row = answered(accountEntries_, "Failed to locate the account whose save failed.", original, displayed);
     if (row != nullptr) {
         showError(row, errorMessage);
     }
@@ -94,14 +89,12 @@ void BanksWidget::onAccountSaveFailed(std::optional<AccountCode> const& original
 void BanksWidget::onSaveSucceeded(BankName const& bn)
 {
     qInfo() << "Successfully Saved Bank" << bn.institution();
-    auto* const row = answered(
-        bankEntries_, [&](auto const& text, auto const& form) { return distance(text, form, bn); },
-        [&](auto const& told) { return isNamed(told, bn); }, "Failed to locate the bank that saved successfully.");
+    auto* const row = answered(bankEntries_, "Failed to locate the bank that saved successfully.", bn);
     if (row == nullptr) {
         return;
     }
     paint(*row, Qt::green);
-    if (auto& form = *bankEntries_.find(row); form.isRemoved()) {
+    if (auto& form = *bankEntries_.formOf(row); form.isRemoved()) {
         removeRow(row);
     } else {
         try {
@@ -120,10 +113,7 @@ void BanksWidget::onSaveFailed(std::optional<BankName> const& original, QString 
 {
     qCritical() << "Bank entry save error for" << original.value_or(BankName()).institution()
                 << displayed.value_or(BankName()).institution() << errorMessage;
-    auto* const row = answered(
-        bankEntries_, [&](auto const& text, auto const& form) { return distance(text, form, original, displayed); },
-        [&](auto const& told) { return isNamed(told, displayed ? *displayed : original.value_or(BankName())); },
-        "Failed to locate the bank whose save failed.");
+    auto* const row = answered(bankEntries_, "Failed to locate the bank whose save failed.", original, displayed);
     if (row != nullptr) {
         showError(row, errorMessage);
     }
@@ -133,9 +123,9 @@ void BanksWidget::showError(Row row, QString const& message)
 {
     paint(*row, Qt::red);
     bankAndAccountsTrwdgt->setCurrentItem(row);
-    if (auto* const account = accountEntries_.find(row)) {
+    if (auto* const account = accountEntries_.formOf(row)) {
         account->showError(message);
-    } else if (auto* const bank = bankEntries_.find(row)) {
+    } else if (auto* const bank = bankEntries_.formOf(row)) {
         bank->showError(message);
     } else {
         throw Error(tr("Failed to locate neither the account nor the bank widget entry to display the error."));
@@ -145,14 +135,14 @@ void BanksWidget::showError(Row row, QString const& message)
 /// Lets the form of \a row go.
 void BanksWidget::removeEntry(Row row)
 {
-    if (auto* const account = accountEntries_.find(row)) {
+    if (auto* const account = accountEntries_.formOf(row)) {
         account->resetDirty();
         account->deleteLater();
-        accountEntries_.remove(row);
-    } else if (auto* const bank = bankEntries_.find(row)) {
+        accountEntries_.remove(*account);
+    } else if (auto* const bank = bankEntries_.formOf(row)) {
         bank->resetDirty();
         bank->deleteLater();
-        bankEntries_.remove(row);
+        bankEntries_.remove(*bank);
     } else {
         throw Error(tr("Failed to locate neither the account nor the bank widget entry to remove."));
     }

@@ -39,17 +39,12 @@ void BanksWidget::saveAccounts()
 {
     bankAndAccountsTrwdgt->setCurrentItem(nullptr);
     qInfo() << "Starting processing bank account widgets.";
-    std::vector<QtPtr<AccountEntryWidget>> unsaved; // to be removed
-    auto const isThere = walk(accountEntries_, "Account entry save error for", [&](auto& form, QString const& text) {
-        if (save(form, text)) {
-            unsaved.emplace_back(&form);
-        }
-    });
-    if (!isThere) {
+    auto const unsaved = walk(accountEntries_, "Account entry save error for");
+    if (!unsaved) {
         return;
     }
-    for (auto const& form : unsaved) {
-        if (auto* const row = accountEntries_.find(form.get())) {
+    for (auto const& form : *unsaved) {
+        if (auto* const row = accountEntries_.itemOf(form.get())) {
             removeRow(row);
         }
     }
@@ -61,18 +56,13 @@ void BanksWidget::saveBanks()
 {
     bankAndAccountsTrwdgt->setCurrentItem(nullptr);
     qInfo() << "Starting processing bank widgets.";
-    std::vector<QtPtr<BankEntryWidget>> unsaved; // to be removed
-    auto const isThere = walk(bankEntries_, "Bank entry save error for", [&](auto& form, QString const& text) {
-        if (save(form, text)) {
-            unsaved.emplace_back(&form);
-        }
-    });
-    if (!isThere) {
+    auto const unsaved = walk(bankEntries_, "Bank entry save error for");
+    if (!unsaved) {
         return;
     }
     qInfo() << "Processing accounts.";
-    for (auto const& form : unsaved) {
-        auto* const row = bankEntries_.find(form.get());
+    for (auto const& form : *unsaved) {
+        auto* const row = bankEntries_.itemOf(form.get());
         if (row != nullptr && row->childCount() == 0) {
             removeRow(row);
         } else if (row != nullptr) {
@@ -84,33 +74,36 @@ void BanksWidget::saveBanks()
     }
 }
 
-/// Hands each form of \a entries to \a save, with what its row says, and shows why where that fails.
-/// \return whether the view is still there
-template <typename Form, typename Save>
-bool BanksWidget::walk(RowForms<Form>& entries, char const* failure, Save const& save)
+/// Saves each form of \a entries, and shows why where that fails.
+/// \return the forms to be removed that nobody else knows, none when the view has gone
+template <typename Form>
+std::optional<std::vector<QtPtr<Form>>> BanksWidget::walk(TreeRows<Form>& entries, char const* failure)
 {
+    std::vector<QtPtr<Form>> unsaved;
     QtPtr<BanksWidget> const self = this;
     for (auto const& form : entries.forms()) {
-        auto* const row = entries.find(form.get());
+        auto* const row = entries.itemOf(form.get());
         if (row == nullptr) {
             continue; // gone by an answer to one before
         }
         auto const text = row->text(nameColumn);
         entries.setSent(form.get());
         try {
-            save(*form, text);
+            if (save(*form, text)) {
+                unsaved.push_back(form);
+            }
         } catch (std::exception const& error) {
             qWarning() << failure << text << error.what();
-            if (self && entries.find(form.get()) == row) {
+            if (self && entries.itemOf(form.get()) == row) {
                 showError(row, QString::fromUtf8(error.what()));
             }
         }
         if (!self) {
-            return false;
+            return std::nullopt;
         }
     }
     entries.setSent(nullptr);
-    return true;
+    return unsaved;
 }
 
 // What is sent is copied out of the form first: an answer changes the form, or ends it, while others still listen.
@@ -158,7 +151,7 @@ bool BanksWidget::save(BankEntryWidget& form, QString const& text)
         emit removed(await(form));
     } else if (!isSaved) {
         qInfo() << "Adding Bank:" << text;
-        emit added(Bank(await(form), accountsOf(bankEntries_.find(&form)), form.isClosed()));
+        emit added(Bank(await(form), accountsOf(bankEntries_.itemOf(&form)), form.isClosed()));
     } else {
         modify(form, text);
     }
@@ -183,7 +176,7 @@ void BanksWidget::modify(BankEntryWidget& form, QString const& text)
     auto const saved = *form.bank();
     auto const name = form.bankName();
     auto const isClosed = form.isClosed();
-    auto const accounts = accountsOf(bankEntries_.find(&form));
+    auto const accounts = accountsOf(bankEntries_.itemOf(&form));
     if (saved.name != name) {
         qInfo() << "Renaming Bank from" << saved.name.institution() << "to" << text;
         bankEntries_.await(form, name.institution());
@@ -210,7 +203,7 @@ std::map<AccountNumber, BankAccountTypes> BanksWidget::accountsOf(Row bank) cons
 {
     std::map<AccountNumber, BankAccountTypes> accounts;
     for (auto place = 0; place < bank->childCount(); ++place) {
-        auto const& form = observed(accountEntries_.find(bank->child(place)));
+        auto const& form = observed(accountEntries_.formOf(bank->child(place)));
         accounts.emplace(AccountNumber(form.number()), form.bankType().value_or(BankAccountTypes::Unspecified));
     }
     return accounts;
