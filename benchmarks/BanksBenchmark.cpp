@@ -1,18 +1,16 @@
-#include <fiscora/CurrencyCodes.h>
+#include "Figures.h"
+#include "ShownWindow.h"
+
 #include <fiscora/Money.h>
 #include <tlm/accounting/Account.h>
 #include <tlm/banking/BankMap.h>
-#include <tlm/desktop_ui/MainWindow.h>
-#include <tlm/navigation/ConfigurationOptions.h>
 
-#include <QApplication>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 #include <set>
 
 namespace {
@@ -20,20 +18,12 @@ namespace {
 using namespace tlm;
 
 constexpr auto accountsOfABank = 20;
-constexpr auto currencies = 20;
-constexpr auto bytesInKilobyte = 1'024.0;
-
-std::set<fiscora::Currency> usableCurrencies()
-{
-    std::set<fiscora::Currency> usable(fiscora::allCurrencies.begin(), fiscora::allCurrencies.begin() + currencies);
-    usable.insert(fiscora::Currency::EUR);
-    return usable;
-}
+constexpr auto currencies = 21;
 
 /// A window on screen, and banks of twenty accounts each: range(0) accounts in all. Whatever is sent is accepted at once.
-struct Banks
+struct Banks : ShownWindow
 {
-    explicit Banks(benchmark::State const& state)
+    explicit Banks(benchmark::State const& state) : ShownWindow({1'280, 800})
     {
         using Window = desktop_ui::MainWindow;
         for (unsigned int number = 1; number <= state.range(0); ++number) {
@@ -44,32 +34,18 @@ struct Banks
                              ++answered;
                              emit window.bankAccountSaveSucceeded(changed);
                          });
-        window.resize(1'280, 800);
-        window.show();
-        QCoreApplication::processEvents();
     }
 
     /// Ends when the view has been painted.
     void show()
     {
         window.onShowBanks(banks, accounts, usable, navigation::CurrencyDisplayOptions::Code);
-        QCoreApplication::processEvents();
-        window.repaint();
+        settle();
     }
 
-    /// Leaves an empty window.
-    void end()
-    {
-        window.setCentralWidget(new QWidget);
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    navigation::ConfigurationOptions const wording{};
-    desktop_ui::MainWindow window{wording};
     banking::BankMap banks;
     std::set<accounting::Account> accounts;
-    std::set<fiscora::Currency> const usable = usableCurrencies();
+    std::set<fiscora::Currency> const usable = usableCurrencies(currencies);
     long long answered = 0;
 
 private:
@@ -84,18 +60,6 @@ private:
         banks[name] = banking::Bank(name, kept, false);
     }
 };
-
-double usedKilobytes()
-{
-    return static_cast<double>(mallinfo2().uordblks) / bytesInKilobyte;
-}
-
-void countPerAccount(benchmark::State& state)
-{
-    state.counters["per_account"] =
-        benchmark::Counter(static_cast<double>(state.range(0)),
-                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
 
 void showBanks(benchmark::State& state)
 {
@@ -112,7 +76,7 @@ void showBanks(benchmark::State& state)
         state.ResumeTiming();
     }
     state.counters["KB_per_account"] = grown / static_cast<double>(state.range(0));
-    countPerAccount(state);
+    state.counters["per_account"] = timePer(state.range(0));
 }
 
 /// Goes through all accounts, each of which shows its form.
@@ -126,7 +90,7 @@ void chooseEach(benchmark::State& state)
             tree.setCurrentItem(*row);
         }
     }
-    countPerAccount(state);
+    state.counters["per_account"] = timePer(state.range(0));
 }
 
 void endBanks(benchmark::State& state)
@@ -138,7 +102,7 @@ void endBanks(benchmark::State& state)
         state.ResumeTiming();
         banks.end();
     }
-    countPerAccount(state);
+    state.counters["per_account"] = timePer(state.range(0));
 }
 
 /// Saves a new name of each account, each answered inside the emission.
@@ -163,7 +127,7 @@ void renameAll(benchmark::State& state)
     if (banks.answered != state.iterations() * state.range(0)) {
         state.SkipWithError("an account was not saved");
     }
-    countPerAccount(state);
+    state.counters["per_account"] = timePer(state.range(0));
 }
 
 void sizes(benchmark::internal::Benchmark* benchmark)
@@ -176,11 +140,3 @@ BENCHMARK(showBanks)->Apply(sizes)->Iterations(3);
 BENCHMARK(endBanks)->Apply(sizes)->Iterations(3);
 BENCHMARK(chooseEach)->Apply(sizes)->Iterations(1);
 BENCHMARK(renameAll)->Apply(sizes)->Iterations(1);
-
-int main(int argc, char** argv)
-{
-    QApplication const application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -4,7 +4,7 @@
 #include <tlm/desktop_ui/MainWindow.h>
 #include <tlm/navigation/ConfigurationOptions.h>
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDate>
 
 #include <benchmark/benchmark.h>
@@ -34,11 +34,3 @@ void showDashboard(benchmark::State& state)
 }
 
 BENCHMARK(showDashboard)->Arg(100)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    QApplication const application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

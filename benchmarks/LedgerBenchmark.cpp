@@ -1,11 +1,11 @@
+#include "Figures.h"
+#include "ShownWindow.h"
+
 #include <fiscora/Money.h>
 #include <tlm/accounting/Account.h>
 #include <tlm/accounting/LedgerAccount.h>
 #include <tlm/accounting/Transaction.h>
-#include <tlm/desktop_ui/MainWindow.h>
-#include <tlm/navigation/ConfigurationOptions.h>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QDate>
 #include <QDialogButtonBox>
@@ -17,13 +17,11 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 namespace {
 
 using namespace tlm;
 
-constexpr auto bytesInMegabyte = 1'024.0 * 1'024.0;
 constexpr unsigned int cashNumber = 1'000;
 
 accounting::AccountCode codeOf(unsigned int number)
@@ -56,16 +54,10 @@ struct Books
     accounting::LedgerAccount ledger;
 };
 
-void settle()
-{
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 /// A window on screen with the view of ledgers, none of which is chosen; whatever is asked for or sent is answered at once.
-struct Ledgers
+struct Ledgers : ShownWindow
 {
-    explicit Ledgers(benchmark::State const& state) : books(state)
+    explicit Ledgers(benchmark::State const& state) : ShownWindow({1'280, 800}, {.isAccounting = true}), books(state)
     {
         using Window = desktop_ui::MainWindow;
         using Number = accounting::TransactionNumber;
@@ -76,20 +68,16 @@ struct Ledgers
         QObject::connect(&window, &Window::selectedLedger, &window, [this] { emit window.showLedger(books.ledger); });
         QObject::connect(&window, &Window::updatedTransaction, &window, accept);
         QObject::connect(&window, &Window::markCleared, &window, [accept](auto const& all) { accept(*all.begin()); });
-        window.resize(1'280, 800);
-        window.show();
         open();
     }
 
     /// Opens the view anew.
     void open()
     {
-        window.setCentralWidget(new QWidget);
-        settle();
+        end();
         window.onShowLedgers(books.accounts, {fiscora::Currency::EUR, fiscora::Currency::USD},
                              navigation::CurrencyDisplayOptions::Code);
         settle();
-        window.repaint();
     }
 
     /// Ends when the ledger has been painted.
@@ -98,8 +86,7 @@ struct Ledgers
         auto* const tree = window.findChild<QTreeWidget*>(QStringLiteral("ledgersTrwdgt"));
         auto const code = presentationText(books.ledger.account.code());
         tree->setCurrentItem(tree->findItems(code, Qt::MatchExactly | Qt::MatchRecursive).constFirst());
-        QCoreApplication::processEvents();
-        window.repaint();
+        settle();
     }
 
     QList<QCheckBox*> marks() const { return window.findChildren<QCheckBox*>(QStringLiteral("reconciledChckbx")); }
@@ -115,15 +102,13 @@ struct Ledgers
             ->click();
     }
 
-    navigation::ConfigurationOptions const wording{.isAccounting = true};
-    desktop_ui::MainWindow window{wording};
     Books books;
     long long answered = 0;
 };
 
 double usedMegabytes()
 {
-    return static_cast<double>(mallinfo2().uordblks) / bytesInMegabyte;
+    return usedKilobytes() / 1'024;
 }
 
 /// The first time counts what is made once a process.
@@ -157,8 +142,7 @@ void markOne(benchmark::State& state)
     auto* const mark = ledgers.marks().constLast();
     for ([[maybe_unused]] auto const _ : state) {
         mark->click();
-        QCoreApplication::processEvents();
-        ledgers.window.repaint();
+        ledgers.settle();
     }
 }
 
@@ -191,14 +175,12 @@ void scroll(benchmark::State& state)
     for ([[maybe_unused]] auto const _ : state) {
         for (auto place = 0; place < places; ++place) {
             ledgers.bar().setValue(static_cast<int>(ledgers.bar().maximum() * static_cast<qint64>(place) / places));
-            QCoreApplication::processEvents();
-            ledgers.window.repaint();
+            ledgers.settle();
         }
     }
-    settle();
+    Ledgers::letGo();
     state.counters["MB"] = usedMegabytes() - before;
-    state.counters["per_place"] =
-        benchmark::Counter(places, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["per_place"] = timePer(places);
 }
 
 /// Makes all entries wait to be saved: each is refused once, without a word.
@@ -209,7 +191,7 @@ void refuseAll(Ledgers& ledgers)
         emit ledgers.window.transactionSaveFailed(number, QString());
     }
     QLoggingCategory::setFilterRules(QString());
-    settle();
+    Ledgers::letGo();
 }
 
 /// Saves when every entry is to be saved, each answered inside the emission.
@@ -252,11 +234,3 @@ BENCHMARK(saveAll)
     ->Args({5'000, 500})
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    QApplication const application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -1,23 +1,21 @@
-#include <fiscora/CurrencyCodes.h>
+#include "Figures.h"
+#include "ShownWindow.h"
+
 #include <fiscora/Money.h>
 #include <tlm/accounting/AccountCode.h>
 #include <tlm/banking/BankAccount.h>
 #include <tlm/banking/BankName.h>
 #include <tlm/budgeting/BudgetedMoneyMap.h>
-#include <tlm/desktop_ui/MainWindow.h>
 #include <tlm/foundation/Percentage.h>
 #include <tlm/navigation/BudgetBankAccount.h>
-#include <tlm/navigation/ConfigurationOptions.h>
 #include <tlm/navigation/GuiElementIdentifier.h>
 
-#include <QApplication>
 #include <QDate>
 #include <QDialogButtonBox>
 #include <QPushButton>
 
 #include <benchmark/benchmark.h>
 #include <iterator>
-#include <malloc.h>
 
 namespace {
 
@@ -25,24 +23,12 @@ using namespace tlm;
 
 constexpr auto currencies = 20;
 constexpr auto accountsAtBank = 20U;
-constexpr auto bytesInKilobyte = 1'024.0;
 
 QDate const firstDue(2024, 1, 31);
 
 fiscora::Money euros(long long whole)
 {
     return {fiscora::Currency::EUR, whole, 50, 0};
-}
-
-std::set<fiscora::Currency> usableCurrencies()
-{
-    std::set<fiscora::Currency> usable{fiscora::Currency::EUR};
-    for (auto const code : fiscora::allCurrencies) {
-        if (usable.size() < currencies && code != fiscora::Currency::XXX) {
-            usable.insert(code);
-        }
-    }
-    return usable;
 }
 
 /// \param item makes one under a source and with an amount
@@ -65,41 +51,19 @@ budgeting::BillMap monthlyBills(benchmark::State const& state)
 }
 
 /// A window on screen and the budget that it shows.
-struct Planning
+struct Planning : ShownWindow
 {
-    explicit Planning(benchmark::State const& state) : bills(monthlyBills(state))
-    {
-        window.resize(1'024, 576);
-        window.show();
-        QCoreApplication::processEvents();
-    }
+    explicit Planning(benchmark::State const& state) : ShownWindow({1'024, 576}), bills(monthlyBills(state)) {}
 
     void showBills()
     {
         window.onShowBills(bills, fiscora::Currency::EUR, usable, navigation::CurrencyDisplayOptions::Code);
     }
 
-    /// Ends when the view that the window shows has been painted.
-    void settle()
-    {
-        QCoreApplication::processEvents();
-        window.repaint();
-    }
-
-    /// Leaves an empty window.
-    void end()
-    {
-        window.setCentralWidget(new QWidget);
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
     QList<QWidget*> rows() const { return window.findChildren<QWidget*>(QStringLiteral("BudgetedMoneyEntryWidget")); }
 
-    navigation::ConfigurationOptions const wording{};
-    desktop_ui::MainWindow window{wording};
     budgeting::BillMap const bills;
-    std::set<fiscora::Currency> const usable = usableCurrencies();
+    std::set<fiscora::Currency> const usable = usableCurrencies(currencies);
 };
 
 /// The accounts of one bank, and in which of them each item is kept.
@@ -125,31 +89,24 @@ struct Kept
     std::set<navigation::BudgetBankAccount> keptAt;
 };
 
-void countPerRow(benchmark::State& state)
-{
-    state.counters["per_row"] =
-        benchmark::Counter(static_cast<double>(state.range(0)),
-                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
-
 /// \param show has the window of \a planning show a view
 template <typename Show>
 void measureShowing(benchmark::State& state, Planning& planning, Show const& show)
 {
     show(); // what is made once a process
     planning.end();
-    std::size_t grown = 0;
+    auto grown = 0.0;
     for ([[maybe_unused]] auto const _ : state) {
-        auto const before = mallinfo2().uordblks;
+        auto const before = usedKilobytes();
         show();
         planning.settle();
-        grown = mallinfo2().uordblks - before;
+        grown = usedKilobytes() - before;
         state.PauseTiming();
         planning.end();
         state.ResumeTiming();
     }
-    countPerRow(state);
-    state.counters["KB_per_row"] = static_cast<double>(grown) / bytesInKilobyte / static_cast<double>(state.range(0));
+    state.counters["per_row"] = timePer(state.range(0));
+    state.counters["KB_per_row"] = grown / static_cast<double>(state.range(0));
 }
 
 void showBills(benchmark::State& state)
@@ -217,7 +174,7 @@ void saveBills(benchmark::State& state)
     if (answered != state.iterations() * state.range(0)) {
         state.SkipWithError("a row was not saved");
     }
-    countPerRow(state);
+    state.counters["per_row"] = timePer(state.range(0));
 }
 }
 
@@ -225,11 +182,3 @@ BENCHMARK(showBills)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMill
 BENCHMARK(showDebts)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(showGoals)->Arg(500)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(saveBills)->Arg(500)->Arg(1'000)->Arg(2'000)->Iterations(5)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv)
-{
-    QApplication const application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
