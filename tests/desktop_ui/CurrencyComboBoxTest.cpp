@@ -7,6 +7,7 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <support/ComboBoxes.h>
 
 namespace tlm::desktop_ui {
 
@@ -14,6 +15,7 @@ using fiscora::Currency;
 using navigation::CurrencyDisplayOptions;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using tlm::testing::itemTexts;
 
 namespace {
 
@@ -24,15 +26,6 @@ std::set<Currency> const dollarAndEuro{Currency::EUR, Currency::USD};
 class CurrencyComboBoxTest : public ::testing::Test
 {
 protected:
-    QStringList offered() const
-    {
-        QStringList texts;
-        for (auto row = 0; row < box.count(); ++row) {
-            texts.append(box.itemText(row));
-        }
-        return texts;
-    }
-
     /// \return what a listener hears, and sees by then: the index, the number of items, the selected text
     std::vector<std::tuple<int, int, QString>> heardWhile(std::function<void()> const& act)
     {
@@ -65,7 +58,7 @@ TEST_F(CurrencyComboBoxTest, OffersABlankItemAndTheCurrenciesInAscendingOrder)
 {
     box.populateUsableCurrencies({Currency::USD, Currency::EUR, Currency::AUD}, asCode);
 
-    EXPECT_THAT(offered(), ElementsAre("", "AUD", "USD", "EUR"));
+    EXPECT_THAT(itemTexts(box), ElementsAre("", "AUD", "USD", "EUR"));
     EXPECT_EQ(box.currentIndex(), 0);
     EXPECT_EQ(box.currentCode(), Currency::XXX);
 }
@@ -74,7 +67,7 @@ TEST_F(CurrencyComboBoxTest, WithoutUsableCurrenciesOffersTheBlankItemAlone)
 {
     box.populateUsableCurrencies({}, asCode);
 
-    EXPECT_THAT(offered(), ElementsAre(""));
+    EXPECT_THAT(itemTexts(box), ElementsAre(""));
     EXPECT_EQ(box.currentCode(), Currency::XXX);
     EXPECT_THAT(box.currencies(), IsEmpty());
 }
@@ -154,7 +147,7 @@ TEST_F(CurrencyComboBoxTest, AFillUnderAnotherOptionShowsOtherTexts)
 
     box.populateUsableCurrencies(dollarAndEuro, CurrencyDisplayOptions::NameAndCode);
 
-    EXPECT_THAT(offered(), ElementsAre("", "USD \u2013 US Dollar", "EUR \u2013 Euro"));
+    EXPECT_THAT(itemTexts(box), ElementsAre("", "USD \u2013 US Dollar", "EUR \u2013 Euro"));
     EXPECT_EQ(box.currentCode(), Currency::XXX);
 }
 

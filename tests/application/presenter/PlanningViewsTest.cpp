@@ -7,6 +7,7 @@
 #include <QLabel>
 
 #include <gmock/gmock.h>
+#include <support/ComboBoxes.h>
 #include <support/PlanningRow.h>
 
 namespace tallymere::presenter {
@@ -17,17 +18,9 @@ using tlm::foundation::presentationText;
 using tlm::navigation::AllowSubAccounts;
 using tlm::testing::child;
 using tlm::testing::expectMessage;
+using tlm::testing::itemTexts;
 using tlm::testing::planningRow;
 using tlm::testing::planningRows;
-
-QStringList rowsOf(QComboBox const& box)
-{
-    QStringList texts;
-    for (int row = 0; row < box.count(); ++row) {
-        texts.append(box.itemText(row));
-    }
-    return texts;
-}
 
 class PlanningViewsTest : public PlanningTest
 {
@@ -79,7 +72,7 @@ TEST_P(PlanningKindsTest, ShowsTheItemsOfItsKindAndNoOthers)
     EXPECT_EQ(row.amount().text(), presentationText(Money(Currency::EUR, 20, 0, 0)));
     auto const shown = [](Currency code) { return toDisplayable(code, tlm::navigation::CurrencyDisplayOptions::Code); };
     EXPECT_EQ(row.currency().currentText(), shown(Currency::EUR));
-    EXPECT_THAT(rowsOf(row.currency()),
+    EXPECT_THAT(itemTexts(row.currency()),
                 ::testing::UnorderedElementsAre("", shown(Currency::EUR), shown(Currency::USD)));
     EXPECT_EQ(row.period().currentText(), presentationText(EventFrequency::Monthly));
     EXPECT_EQ(row.dueNext().date(), QDate(2026, 3, 31));
@@ -125,7 +118,7 @@ TEST_F(PlanningViewsTest, ADebtWithoutABankIsOfferedTheOpenOnes)
 
     auto const row = planningRow(view(), "Car loan");
     EXPECT_TRUE(row.bank().isEnabled());
-    EXPECT_EQ(rowsOf(row.bank()), (QStringList{"", "Aspen Bank"}));
+    EXPECT_EQ(itemTexts(row.bank()), (QStringList{"", "Aspen Bank"}));
 }
 
 TEST_F(PlanningViewsTest, AStoredGoalShowsWhereItIsStoredAndItsShareOfTheWages)

@@ -1,5 +1,6 @@
 #include "internal/AccountCodeWidget.h"
 
+#include "support/ComboBoxes.h"
 #include "support/Widgets.h"
 
 #include <tlm/foundation/Error.h>
@@ -17,6 +18,7 @@ using tlm::accounting::AccountCode;
 using tlm::accounting::AccountNumber;
 using tlm::desktop_ui::internal::AccountCodeWidget;
 using tlm::testing::child;
+using tlm::testing::itemTexts;
 
 namespace {
 
@@ -27,15 +29,6 @@ AccountCode const cash(AccountNumber(1000), "Cash", std::nullopt);
 class AccountCodeWidgetTest : public ::testing::Test
 {
 protected:
-    QStringList offered() const
-    {
-        QStringList texts;
-        for (auto row = 0; row < codes.count(); ++row) {
-            texts.append(codes.itemText(row));
-        }
-        return texts;
-    }
-
     AccountCodeWidget widget{nullptr};
     QComboBox& codes = child<QComboBox>(widget, "accountCmbbx");
 };
@@ -51,7 +44,8 @@ TEST_F(AccountCodeWidgetTest, OffersABlankItemAndTheCodesInTheirOrder)
 {
     widget.populate({rent, food, cash});
 
-    EXPECT_THAT(offered(), ElementsAre("", presentationText(cash), presentationText(rent), presentationText(food)));
+    EXPECT_THAT(itemTexts(codes),
+                ElementsAre("", presentationText(cash), presentationText(rent), presentationText(food)));
     EXPECT_EQ(codes.currentIndex(), 0);
     EXPECT_EQ(widget.code(), std::nullopt);
 }
@@ -63,7 +57,7 @@ TEST_F(AccountCodeWidgetTest, ASecondFillReplacesTheFirst)
 
     widget.populate({cash});
 
-    EXPECT_THAT(offered(), ElementsAre("", presentationText(cash)));
+    EXPECT_THAT(itemTexts(codes), ElementsAre("", presentationText(cash)));
     EXPECT_EQ(widget.code(), std::nullopt);
 }
 

@@ -2,6 +2,7 @@
 
 #include "internal/AccountEntryWidget.h"
 #include "internal/ErrorMessageWidget.h"
+#include "support/ComboBoxes.h"
 #include "support/MessageLog.h"
 #include "support/Typing.h"
 #include "support/Widgets.h"
@@ -70,15 +71,6 @@ protected:
     {
         auto const& line = child<desktop_ui::internal::ErrorMessageWidget>(form, "errorWdgt");
         return line.isHidden() ? std::nullopt : line.message();
-    }
-
-    static QStringList texts(QComboBox const& box)
-    {
-        QStringList texts;
-        for (auto row = 0; row < box.count(); ++row) {
-            texts.append(box.itemText(row));
-        }
-        return texts;
     }
 
     static bool isOnView(QWidget const& form, char const* part)

@@ -6,6 +6,7 @@
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using tlm::testing::itemTexts;
 using tlm::testing::pasteOver;
 using tlm::testing::typeOver;
 
@@ -93,7 +94,7 @@ TEST_F(AccountEntryNumberTest, ANumberThatIsTooLongMakesTheFormDirtyAsItIsPasted
 
 TEST_F(AccountEntryNumberTest, AllNumbersAreOfferedAsParentsBelowNoneInTheirOrder)
 {
-    EXPECT_THAT(texts(parents(*form)), ElementsAre("No Parent", "1000", "4000", "5000"));
+    EXPECT_THAT(itemTexts(parents(*form)), ElementsAre("No Parent", "1000", "4000", "5000"));
     EXPECT_EQ(parents(*form).insertPolicy(), QComboBox::InsertAlphabetically);
 }
 
@@ -103,7 +104,7 @@ TEST_F(AccountEntryNumberTest, AnAccountNeverOffersItself)
 
     known->addParentNumber(Number(5000));
 
-    EXPECT_THAT(texts(parents(*known)), ElementsAre("No Parent", "1000", "4000"));
+    EXPECT_THAT(itemTexts(parents(*known)), ElementsAre("No Parent", "1000", "4000"));
 }
 
 TEST_F(AccountEntryNumberTest, ANumberThatIsTypedIsNotOfferedToItself)
@@ -112,7 +113,7 @@ TEST_F(AccountEntryNumberTest, ANumberThatIsTypedIsNotOfferedToItself)
 
     form->addParentNumber(Number(17));
 
-    EXPECT_THAT(texts(parents(*form)), ElementsAre("No Parent", "1000", "4000", "5000"));
+    EXPECT_THAT(itemTexts(parents(*form)), ElementsAre("No Parent", "1000", "4000", "5000"));
 }
 
 TEST_F(AccountEntryNumberTest, ANewNumberIsOfferedOnceBelowTheOthers)
@@ -124,7 +125,7 @@ TEST_F(AccountEntryNumberTest, ANewNumberIsOfferedOnceBelowTheOthers)
     known->addParentNumber(Number(1000));
     known->addParentNumber(Number());
 
-    EXPECT_THAT(texts(parents(*known)), ElementsAre("No Parent", "1000", "4000", "17", "9000", "0"));
+    EXPECT_THAT(itemTexts(parents(*known)), ElementsAre("No Parent", "1000", "4000", "17", "9000", "0"));
     EXPECT_EQ(parents(*known).currentText(), "4000");
     EXPECT_FALSE(known->isDirty());
 }
@@ -133,7 +134,7 @@ TEST_F(AccountEntryNumberTest, NoNumberIsNoneToANewAccount)
 {
     form->addParentNumber(Number());
 
-    EXPECT_THAT(texts(parents(*form)), ElementsAre("No Parent", "1000", "4000", "5000"));
+    EXPECT_THAT(itemTexts(parents(*form)), ElementsAre("No Parent", "1000", "4000", "5000"));
 }
 
 TEST_F(AccountEntryNumberTest, TheParentIsTheNumberThatIsChosen)

@@ -10,6 +10,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tlm::testing::child;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 
 namespace {
@@ -62,8 +63,9 @@ TEST_F(AccountEntryWidgetTest, TheTypesAreListedInTheirOrders)
 {
     auto const form = newForm();
 
-    EXPECT_THAT(texts(ledgerType(*form)), ElementsAre("Suspense", "Asset", "Equity", "Expense", "Liability", "Income"));
-    EXPECT_THAT(texts(bankType(*form)),
+    EXPECT_THAT(itemTexts(ledgerType(*form)),
+                ElementsAre("Suspense", "Asset", "Equity", "Expense", "Liability", "Income"));
+    EXPECT_THAT(itemTexts(bankType(*form)),
                 ElementsAre("Unspecified", "Checking", "Goal", "Credit Card", "Loan", "Savings"));
 }
 
@@ -109,7 +111,7 @@ TEST_F(AccountEntryWidgetTest, AFormWithoutAnythingShowsBothTypesAndTakesCurrenc
     EXPECT_EQ(form.ledgerType(), presentationText(Types{}));
     EXPECT_EQ(form.bankType(), std::nullopt);
     EXPECT_THAT(balance(form).currencies(), IsEmpty());
-    EXPECT_THAT(texts(parents(form)), ElementsAre("No Parent"));
+    EXPECT_THAT(itemTexts(parents(form)), ElementsAre("No Parent"));
 
     form.setUsableCurrencies({Currency::EUR}, Display::Code);
     enter(name(form), "Everyday");

@@ -2,6 +2,7 @@
 
 #include "ShowActive.h"
 #include "internal/BankAccountsWidget.h"
+#include "support/ComboBoxes.h"
 #include "support/MessageLog.h"
 #include "support/Typing.h"
 #include "support/Widgets.h"
@@ -36,6 +37,7 @@ using tlm::desktop_ui::internal::AccountTransferWidget;
 using tlm::desktop_ui::internal::BankAccountsWidget;
 using tlm::navigation::BankAccountCode;
 using tlm::testing::child;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 
 namespace {
@@ -82,15 +84,6 @@ protected:
         accountOf(row).setCurrentText(presentationText(account.account()));
     }
 
-    static QStringList rows(QComboBox const& box)
-    {
-        QStringList texts;
-        for (auto row = 0; row < box.count(); ++row) {
-            texts.append(box.itemText(row));
-        }
-        return texts;
-    }
-
     QString error() const
     {
         auto const& line = child<QWidget>(*view, "errorWdgt");
@@ -116,8 +109,8 @@ protected:
 
 TEST_F(AccountTransferWidgetTest, OffersTheBanksThatMoneyCanLeaveAndEnter)
 {
-    EXPECT_THAT(rows(bankOf(from)), ElementsAre("", "Aspen Bank", "Birch Bank"));
-    EXPECT_THAT(rows(bankOf(to)), ElementsAre("", "Aspen Bank", "Birch Bank"));
+    EXPECT_THAT(itemTexts(bankOf(from)), ElementsAre("", "Aspen Bank", "Birch Bank"));
+    EXPECT_THAT(itemTexts(bankOf(to)), ElementsAre("", "Aspen Bank", "Birch Bank"));
     EXPECT_EQ(from.bank(), std::nullopt);
     EXPECT_EQ(amount.amount(), Money());
     EXPECT_THAT(amount.currencies(), ElementsAre(Currency::USD, Currency::EUR));
@@ -131,9 +124,9 @@ TEST_F(AccountTransferWidgetTest, AnswersEachRowFromItsOwnAccounts)
     bankOf(from).setCurrentText("Birch Bank");
     bankOf(to).setCurrentText("Birch Bank");
 
-    EXPECT_THAT(rows(accountOf(from)),
+    EXPECT_THAT(itemTexts(accountOf(from)),
                 ElementsAre("", presentationText(travel.account()), presentationText(abroad.account())));
-    EXPECT_THAT(rows(accountOf(to)),
+    EXPECT_THAT(itemTexts(accountOf(to)),
                 ElementsAre("", presentationText(travel.account()), presentationText(card.account())));
     EXPECT_THAT(MessageLog::texts(QtInfoMsg),
                 ElementsAre("Handling account entry widget looking up /from/ bank accounts BankName(\"Birch Bank\")",

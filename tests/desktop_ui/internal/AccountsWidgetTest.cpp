@@ -6,6 +6,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tlm::testing::child;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 
 class AccountsWidgetTest : public tlm::testing::AccountsFixture
@@ -23,7 +24,7 @@ TEST_F(AccountsWidgetTest, EveryAccountHasARowAndAFormAndTheFirstIsShown)
     EXPECT_EQ(form("Groceries").code(), code(5000, "Groceries", 4000));
     EXPECT_EQ(form("Groceries").ledgerType(), presentationText(Types::Expense));
     EXPECT_EQ(form("Groceries").balance(), euros(20));
-    EXPECT_THAT(texts(parents(form("Checking"))), ElementsAre("No Parent", "4000", "5000"));
+    EXPECT_THAT(itemTexts(parents(form("Checking"))), ElementsAre("No Parent", "4000", "5000"));
 }
 
 TEST_F(AccountsWidgetTest, FormsAreMadeFromTheLastAccountToTheFirstAndStandTheOtherWayRound)
@@ -177,15 +178,15 @@ TEST_F(AccountsWidgetTest, ANumberThatIsTypedBecomesAParentForAllOthersOnceItsRo
 {
     load({account(1, "A"), account(2, "B")});
     auto& added = add("7", "");
-    EXPECT_THAT(texts(parents(form("A"))), ElementsAre("No Parent", "2"));
+    EXPECT_THAT(itemTexts(parents(form("A"))), ElementsAre("No Parent", "2"));
 
     select(row("2", "B"));
 
-    EXPECT_THAT(texts(parents(form("A"))), ElementsAre("No Parent", "2", "7"));
-    EXPECT_THAT(texts(parents(form("B"))), ElementsAre("No Parent", "1", "7"));
-    EXPECT_THAT(texts(parents(added)), ElementsAre("No Parent", "1", "2"));
+    EXPECT_THAT(itemTexts(parents(form("A"))), ElementsAre("No Parent", "2", "7"));
+    EXPECT_THAT(itemTexts(parents(form("B"))), ElementsAre("No Parent", "1", "7"));
+    EXPECT_THAT(itemTexts(parents(added)), ElementsAre("No Parent", "1", "2"));
     addButton().click();
-    EXPECT_THAT(texts(parents(*shown())), ElementsAre("No Parent", "1", "2", "7"));
+    EXPECT_THAT(itemTexts(parents(*shown())), ElementsAre("No Parent", "1", "2", "7"));
 }
 
 TEST_F(AccountsWidgetTest, ANumberThatIsGivenUpBecomesAParentOnceItIsTypedElsewhere)
@@ -199,9 +200,9 @@ TEST_F(AccountsWidgetTest, ANumberThatIsGivenUpBecomesAParentOnceItIsTypedElsewh
 
     select(row("1", "A"));
 
-    EXPECT_THAT(texts(parents(first)), ElementsAre("No Parent", "1", "7"));
-    EXPECT_THAT(texts(parents(form("A"))), ElementsAre("No Parent", "7", "8"));
-    EXPECT_THAT(texts(parents(form("C"))), ElementsAre("No Parent", "1", "7", "8"));
+    EXPECT_THAT(itemTexts(parents(first)), ElementsAre("No Parent", "1", "7"));
+    EXPECT_THAT(itemTexts(parents(form("A"))), ElementsAre("No Parent", "7", "8"));
+    EXPECT_THAT(itemTexts(parents(form("C"))), ElementsAre("No Parent", "1", "7", "8"));
 }
 
 TEST_F(AccountsWidgetTest, FormsBuildNoPopUpAheadOfTime)
@@ -219,7 +220,7 @@ TEST_F(AccountsWidgetTest, ANumberThatIsCutIsNoParent)
 
     select(row("2", "B"));
 
-    EXPECT_THAT(texts(parents(form("A"))), ElementsAre("No Parent", "2"));
+    EXPECT_THAT(itemTexts(parents(form("A"))), ElementsAre("No Parent", "2"));
 }
 
 TEST_F(AccountsWidgetTest, AddShowsABlankFormWhoseRowIsCurrent)

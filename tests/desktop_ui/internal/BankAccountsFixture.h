@@ -1,6 +1,7 @@
 #pragma once
 
 #include "internal/BankAccountsWidget.h"
+#include "support/ComboBoxes.h"
 #include "support/Widgets.h"
 
 #include <QComboBox>
@@ -51,15 +52,6 @@ protected:
         widget.setBank(birch);
         widget.lookedUpBankAccounts(birchAccounts);
         heard.clear();
-    }
-
-    static QStringList rows(QComboBox const& box)
-    {
-        QStringList texts;
-        for (auto row = 0; row < box.count(); ++row) {
-            texts.append(box.itemText(row));
-        }
-        return texts;
     }
 
     QStringList heard; // what the widget told its owner, in order

@@ -15,6 +15,7 @@ using tlm::banking::BankError;
 using tlm::banking::BankName;
 using tlm::desktop_ui::DataEntryError;
 using tlm::testing::BankAccountsFixture;
+using tlm::testing::itemTexts;
 
 namespace {
 
@@ -41,7 +42,7 @@ TEST_F(BankAccountsSelectTest, ChoosesNoBank)
     widget.setBank(std::nullopt);
 
     EXPECT_EQ(widget.bank(), std::nullopt);
-    EXPECT_THAT(rows(account), ElementsAre(""));
+    EXPECT_THAT(itemTexts(account), ElementsAre(""));
     EXPECT_EQ(heard.value(0), "no bank");
 }
 
@@ -86,7 +87,7 @@ TEST_F(BankAccountsSelectTest, ShowsAnAccountThatIsNotLookedUpYetAndRemembersIt)
     widget.select(birchSavings);
 
     EXPECT_EQ(widget.bankAccount(), birchSavings);
-    EXPECT_THAT(rows(account), ElementsAre("", presentationText(rainyDays)));
+    EXPECT_THAT(itemTexts(account), ElementsAre("", presentationText(rainyDays)));
     EXPECT_THAT(heard, IsEmpty());
     QTest::keyClick(&account, Qt::Key_Up);
     EXPECT_EQ(widget.type(), std::nullopt);
@@ -100,7 +101,7 @@ TEST_F(BankAccountsSelectTest, AddsNoSecondRowForAnAccountSelectedTwice)
 
     widget.select(birchSavings);
 
-    EXPECT_THAT(rows(account), ElementsAre("", presentationText(rainyDays)));
+    EXPECT_THAT(itemTexts(account), ElementsAre("", presentationText(rainyDays)));
 }
 
 TEST_F(BankAccountsSelectTest, LetsTheTypeFollowTheAccountAndThenTakesTheTypeSelected)

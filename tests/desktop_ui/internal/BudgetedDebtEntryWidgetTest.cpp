@@ -15,6 +15,7 @@ using tlm::foundation::Percentage;
 using tlm::testing::BudgetedDebtEntryFixture;
 using tlm::testing::child;
 using tlm::testing::expectMessage;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 
 namespace {
@@ -43,7 +44,7 @@ TEST_F(BudgetedDebtEntryWidgetTest, AddsTheSumTheInterestAndTheBankInThisOrder)
 
 TEST_F(BudgetedDebtEntryWidgetTest, OffersTheCurrenciesForTheSumButLetsNobodyPickOne)
 {
-    EXPECT_THAT(items(borrowedCurrency()), ElementsAre("", "USD", "EUR"));
+    EXPECT_THAT(itemTexts(borrowedCurrency()), ElementsAre("", "USD", "EUR"));
     EXPECT_FALSE(borrowedCurrency().isEnabled());
     EXPECT_TRUE(entries.currency().isEnabled());
 }
@@ -56,8 +57,8 @@ TEST_F(BudgetedDebtEntryWidgetTest, TakesInterestFromNothingToAll)
 
 TEST_F(BudgetedDebtEntryWidgetTest, OffersTheBanksAndTheTypesOfLiabilitiesButNoAccount)
 {
-    EXPECT_THAT(items(entries.bank()), ElementsAre("", "Aspen Bank", "Birch Bank"));
-    EXPECT_THAT(items(entries.accountType()), ElementsAre("", "Credit Card", "Loan"));
+    EXPECT_THAT(itemTexts(entries.bank()), ElementsAre("", "Aspen Bank", "Birch Bank"));
+    EXPECT_THAT(itemTexts(entries.accountType()), ElementsAre("", "Credit Card", "Loan"));
     EXPECT_TRUE(entries.account().isHidden());
     EXPECT_TRUE(child<QLabel>(row, "descriptionLbl").isHidden());
 }

@@ -2,6 +2,7 @@
 
 #include "ShowActive.h"
 #include "internal/BudgetedMoneyEntryWidget.h"
+#include "support/ComboBoxes.h"
 #include "support/LocaleForScope.h"
 #include "support/MessageLog.h"
 #include "support/PlanningRow.h"
@@ -41,15 +42,6 @@ protected:
     static accounting::AccountCode code(unsigned int number, QString const& name)
     {
         return {accounting::AccountNumber(number), name, std::nullopt};
-    }
-
-    static QStringList items(QComboBox const& box)
-    {
-        QStringList texts;
-        for (auto item = 0; item < box.count(); ++item) {
-            texts.append(box.itemText(item));
-        }
-        return texts;
     }
 
     /// Writes what \a row tells into the log, where it stands in line with what the row writes there itself.

@@ -10,6 +10,7 @@ using tlm::banking::BankAccount;
 using tlm::testing::BudgetedGoalEntryFixture;
 using tlm::testing::child;
 using tlm::testing::expectMessage;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 
 namespace {
@@ -57,7 +58,7 @@ TEST_F(BudgetedGoalEntryLookUpTest, OffersTheAccountsThatCanStoreAGoal)
 
     row.onLookedUpBankAccounts(birch, birchAccounts);
 
-    EXPECT_THAT(items(entries.account()), ElementsAre("", presentationText(everyday), presentationText(rainyDays)));
+    EXPECT_THAT(itemTexts(entries.account()), ElementsAre("", presentationText(everyday), presentationText(rainyDays)));
     EXPECT_EQ(entries.bank().currentText(), "Birch Bank");
     EXPECT_THAT(MessageLog::texts(QtInfoMsg),
                 ElementsAre("Processing looked up bank accounts for BankName(\"Birch Bank\") in goal \"Holiday\""));
@@ -86,7 +87,7 @@ TEST_F(BudgetedGoalEntryLookUpTest, PickingNoBankEmptiesTheAccountsAndAsksForNon
 
     EXPECT_FALSE(picked.contains("lookUpBankAccounts Birch Bank"));
     EXPECT_EQ(picked.mid(0, 2), edited);
-    EXPECT_THAT(items(entries.account()), ElementsAre(""));
+    EXPECT_THAT(itemTexts(entries.account()), ElementsAre(""));
     EXPECT_EQ(row.bankAccount(), std::nullopt);
 }
 
@@ -192,7 +193,7 @@ TEST_F(BudgetedGoalEntryLookUpTest, LeavesTheAnswerToTheRowThatAsked)
     idle->onLookedUpBankAccounts(birch, birchAccounts);
 
     EXPECT_THAT(MessageLog::lines(), IsEmpty());
-    EXPECT_THAT(items(child<QComboBox>(*idle, "accountCmbbx")), ElementsAre(""));
+    EXPECT_THAT(itemTexts(child<QComboBox>(*idle, "accountCmbbx")), ElementsAre(""));
     row.onLookedUpBankAccounts(birch, birchAccounts);
     EXPECT_EQ(row.bankAccount(), store);
 }

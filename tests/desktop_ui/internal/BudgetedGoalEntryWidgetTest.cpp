@@ -14,6 +14,7 @@ using tlm::budgeting::Debt;
 using tlm::desktop_ui::DataEntryError;
 using tlm::testing::BudgetedGoalEntryFixture;
 using tlm::testing::child;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 using tlm::testing::typeOver;
 
@@ -47,7 +48,7 @@ TEST_F(BudgetedGoalEntryWidgetTest, OffersTheCurrenciesForTheTotalButLetsNobodyP
 {
     auto const& currency = child<QComboBox>(*extras(row).at(0).second, "codeCmbbx");
 
-    EXPECT_THAT(items(currency), ElementsAre("", "USD", "EUR"));
+    EXPECT_THAT(itemTexts(currency), ElementsAre("", "USD", "EUR"));
     EXPECT_FALSE(currency.isEnabled());
     EXPECT_TRUE(entries.currency().isEnabled());
 }
@@ -62,10 +63,10 @@ TEST_F(BudgetedGoalEntryWidgetTest, ShowsTheShareInPercentFromNothingToAll)
 
 TEST_F(BudgetedGoalEntryWidgetTest, OffersTheBanksAndLeavesTheTypesOfAssetsToTheAccount)
 {
-    EXPECT_THAT(items(entries.bank()), ElementsAre("", "Aspen Bank", "Birch Bank"));
-    EXPECT_THAT(items(entries.account()), ElementsAre(""));
+    EXPECT_THAT(itemTexts(entries.bank()), ElementsAre("", "Aspen Bank", "Birch Bank"));
+    EXPECT_THAT(itemTexts(entries.account()), ElementsAre(""));
     EXPECT_FALSE(entries.account().isHidden());
-    EXPECT_THAT(items(entries.accountType()), ElementsAre("", "Checking", "Savings", "Goal"));
+    EXPECT_THAT(itemTexts(entries.accountType()), ElementsAre("", "Checking", "Savings", "Goal"));
     EXPECT_FALSE(entries.accountType().isEnabled());
     EXPECT_TRUE(entries.bank().isEnabled());
 }

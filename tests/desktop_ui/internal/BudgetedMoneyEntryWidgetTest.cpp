@@ -18,6 +18,7 @@ using tlm::desktop_ui::DataEntryError;
 using tlm::testing::BudgetedEntryFixture;
 using tlm::testing::child;
 using tlm::testing::expectMessage;
+using tlm::testing::itemTexts;
 using tlm::testing::MessageLog;
 using tlm::testing::PlanningRow;
 using tlm::testing::typeOver;
@@ -49,7 +50,7 @@ protected:
 TEST_F(BudgetedMoneyEntryWidgetTest, IsDueTodayAndHoldsNothingElseAtFirst)
 {
     expectEmpty();
-    EXPECT_THAT(items(entries.currency()), ElementsAre("", "USD", "EUR"));
+    EXPECT_THAT(itemTexts(entries.currency()), ElementsAre("", "USD", "EUR"));
 }
 
 TEST_F(BudgetedMoneyEntryWidgetTest, MakesNoCalendarBeforeItIsOpened)

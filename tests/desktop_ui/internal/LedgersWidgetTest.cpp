@@ -1,4 +1,5 @@
 #include "LedgersFixture.h"
+#include "support/ComboBoxes.h"
 
 #include <tlm/foundation/PresentationText.h>
 
@@ -38,12 +39,7 @@ protected:
 
     static QStringList offered(Entry const& entry)
     {
-        QStringList texts;
-        auto const& box = child<QComboBox>(entry, "accountCmbbx");
-        for (auto account = 0; account < box.count(); ++account) {
-            texts.append(box.itemText(account));
-        }
-        return texts;
+        return tlm::testing::itemTexts(child<QComboBox>(entry, "accountCmbbx"));
     }
 };
 

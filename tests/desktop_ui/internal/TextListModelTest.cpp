@@ -1,5 +1,7 @@
 #include "internal/TextListModel.h"
 
+#include "support/ComboBoxes.h"
+
 #include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QSignalSpy>
@@ -10,19 +12,11 @@
 using ::testing::ElementsAre;
 using tlm::desktop_ui::internal::appendTexts;
 using tlm::desktop_ui::internal::TextListModel;
+using tlm::testing::itemTexts;
 
 namespace {
 
 QStringList const texts{"", "one", "two"};
-
-QStringList itemTexts(QComboBox const& box)
-{
-    QStringList found;
-    for (auto row = 0; row < box.count(); ++row) {
-        found.append(box.itemText(row));
-    }
-    return found;
-}
 
 /// What a person's program hears of a combo box: the index, and how many items there are by then.
 std::vector<std::pair<int, int>> heardWhile(QComboBox& box, std::function<void()> const& fill)

@@ -2,6 +2,7 @@
 
 #include "ShowActive.h"
 #include "internal/TransactionWidget.h"
+#include "support/ComboBoxes.h"
 #include "support/MessageLog.h"
 #include "support/Widgets.h"
 #include "tlm/desktop_ui/MoneyEntryWidget.h"
@@ -92,14 +93,7 @@ protected:
         return line.isHidden() ? "none" : child<QLabel>(line, "messageLbl").text();
     }
 
-    QStringList offered() const
-    {
-        QStringList texts;
-        for (auto row = 0; row < other().count(); ++row) {
-            texts.append(other().itemText(row));
-        }
-        return texts;
-    }
+    QStringList offered() const { return itemTexts(other()); }
 
     AccountCode const cash = account(1000, "Cash", 900);
     AccountCode const food = account(4000, "Food", 3900);

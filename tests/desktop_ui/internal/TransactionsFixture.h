@@ -3,6 +3,7 @@
 #include "ShowActive.h"
 #include "internal/TransactionWidget.h"
 #include "internal/TransactionsWidget.h"
+#include "support/ComboBoxes.h"
 #include "support/MessageLog.h"
 #include "support/Typing.h"
 #include "support/Widgets.h"
@@ -139,15 +140,7 @@ protected:
     }
 
     /// \return the other accounts on offer
-    static QStringList offered(Row const& row)
-    {
-        auto const& box = child<QComboBox>(row, "accountCmbbx");
-        QStringList texts;
-        for (auto each = 0; each < box.count(); ++each) {
-            texts.append(box.itemText(each));
-        }
-        return texts;
-    }
+    static QStringList offered(Row const& row) { return itemTexts(child<QComboBox>(row, "accountCmbbx")); }
 
     /// Lets what was put off happen: forms end, layouts settle.
     static void turnEventLoop()
