@@ -22,16 +22,16 @@ protected:
     }
 
     /// Leaves what is typed and chosen for a bank to the test.
-    tlm::testing::PlanningRow fillDebt()
+    tlm::testing::PlanningRow fillDebt(QString const& borrowed)
     {
         plan(&MainWindow::prepareShowDebts);
         auto const added = addRow();
         fill(added, "Car loan", "250");
-        enter(added.borrowed(), "9000");
+        enter(added.borrowed(), borrowed);
         return added;
     }
 
-    tlm::testing::PlanningRow fillGoal()
+    tlm::testing::PlanningRow fillGoal(QString const& finalTotal)
     {
         // A goal can't tell its share of the wages before it has an amount and a period.
         tlm::testing::expectMessage(QtWarningMsg, "The value, , is not valid");
@@ -39,7 +39,7 @@ protected:
         plan(&MainWindow::prepareShowGoals);
         auto const added = addRow();
         fill(added, "Bicycle", "50");
-        enter(added.finalTotal(), "850");
+        enter(added.finalTotal(), finalTotal);
         return added;
     }
 };
@@ -91,8 +91,7 @@ TEST_F(PlanningRefusedTest, NoFrequency)
 
 TEST_F(PlanningRefusedTest, ANothingThatWasBorrowed)
 {
-    auto const added = fillDebt();
-    enter(added.borrowed(), "0");
+    fillDebt("0");
 
     expectRefusedAtSave("Car loan",
                         "The sum borrowed for Car loan isn't above zero in the currency of its payments. Enter one "
@@ -103,7 +102,7 @@ TEST_F(PlanningRefusedTest, ABankThatHasGoneMeanwhile)
 {
     BankName const other("Birch Bank");
     session.change([&](engine::Household& household) { household.addBank(other); });
-    auto const added = fillDebt();
+    auto const added = fillDebt("9000");
     added.bank().setCurrentText("Birch Bank");
     added.accountType().setCurrentText(presentationText(BankAccountTypes::Loan));
     session.change([&](engine::Household& household) { household.removeBank(other); });
@@ -113,8 +112,7 @@ TEST_F(PlanningRefusedTest, ABankThatHasGoneMeanwhile)
 
 TEST_F(PlanningRefusedTest, AGoalOfZero)
 {
-    auto const added = fillGoal();
-    enter(added.finalTotal(), "0");
+    fillGoal("0");
 
     expectRefusedAtSave("Bicycle",
                         "The final total of Bicycle isn't above zero in the currency of its amount. Enter one that "
@@ -124,7 +122,7 @@ TEST_F(PlanningRefusedTest, AGoalOfZero)
 TEST_F(PlanningRefusedTest, AnAccountInAnotherCurrencyThanItsGoals)
 {
     tlm::testing::expectMessage(QtWarningMsg, "Amounts of different currencies can't be reckoned with each other");
-    auto const added = fillGoal();
+    auto const added = fillGoal("850");
     added.currency().setCurrentText("EUR");
     added.bank().setCurrentText("Aspen Bank");
     added.account().setCurrentIndex(1);
