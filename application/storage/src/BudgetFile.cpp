@@ -42,9 +42,8 @@ std::unique_ptr<FileLock> lock(QByteArray const& path, QByteArray const& working
         qInfo() << "Failed to lock a budget beside its file:" << failure.what();
     }
     auto const folder = workingCopies + "/locks";
-    filesystem::makeFolders(folder);
-    return std::make_unique<FileLock>(folder + '/' +
-                                      QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex() + ".lock");
+    auto const name = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex() + ".lock";
+    return inWorkingFolder(folder, [&] { return std::make_unique<FileLock>(folder + '/' + name); });
 }
 
 /// Refuses a file beside which a program of the database's own is in the middle of a change, or crashed there: neither
@@ -57,6 +56,17 @@ void requireSettled(QByteArray const& path)
         if (::stat((path + suffix).constData(), &found) == 0 && found.st_size > 0) {
             fail(EBUSY, "stat");
         }
+    }
+}
+
+/// \return what the system tells of \a path, nothing when nobody can tell
+std::optional<struct stat> reachable(QByteArray const& path)
+{
+    try {
+        return filesystem::status(path);
+    } catch (std::system_error const& failure) {
+        qInfo() << "Failed to look at a budget's file:" << failure.what();
+        return std::nullopt;
     }
 }
 
@@ -123,7 +133,7 @@ void BudgetFile::replace(WorkingCopy const& copy)
 
 bool BudgetFile::holds(WorkingCopy const& copy) const
 {
-    auto const status = filesystem::status(path_);
+    auto const status = reachable(path_);
     if (isInDoubt_ || !status) {
         return false;
     }

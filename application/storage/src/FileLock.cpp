@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -144,9 +145,19 @@ bool FileLock::takes(int descriptor)
 FileLock::~FileLock()
 {
     // Remove first: whoever opens the file between the two calls sees that it is no longer at its path.
-    if (::unlink(path_.constData()) < 0) {
-        qInfo() << "Failed to remove a lock that is no longer held:" << qt_error_string(errno);
+    try {
+        removeOwn();
+    } catch (std::system_error const& failure) {
+        qInfo() << "Failed to remove a lock that is no longer held:" << failure.what();
     }
     ::close(descriptor_);
+}
+
+/// A person may have removed the file, and another program taken the lock since: what stands there then is that one's.
+void FileLock::removeOwn() const
+{
+    if (isAt(path_, descriptor_)) {
+        filesystem::remove(path_);
+    }
 }
 }

@@ -49,6 +49,7 @@ public:
 
 private:
     bool takes(int descriptor);
+    void removeOwn() const;
 
     QByteArray path_;
     int descriptor_ = -1;

@@ -130,13 +130,13 @@ void requireWritable(QByteArray const& path)
 
 void makeFolders(QByteArray const& folder)
 {
-    if (::mkdir(folder.constData(), 0700) == 0) {
-        syncFolder(folderOf(folder));
-        return;
-    }
-    if (errno == ENOENT && folder.contains('/')) {
+    auto isMade = ::mkdir(folder.constData(), 0700) == 0;
+    if (!isMade && errno == ENOENT && folderOf(folder) != folder) {
         makeFolders(folderOf(folder));
-        makeFolders(folder);
+        isMade = ::mkdir(folder.constData(), 0700) == 0; // once: below a link that leads nowhere nothing is ever made
+    }
+    if (isMade) {
+        syncFolder(folderOf(folder));
     } else if (errno != EEXIST) {
         fail("mkdir");
     }

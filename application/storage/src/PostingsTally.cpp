@@ -6,6 +6,7 @@
 #include "PostingWords.h"
 #include "Rows.h"
 #include "Scrambled.h"
+#include "Stored.h"
 #include "Sweep.h"
 #include "Walk.h"
 
@@ -40,13 +41,15 @@ void PostingsTally::WideSum::add(std::int64_t amount)
     low += amount & lowHalf;
 }
 
-/// \throws UnsoundBudget when the sum leaves 64 bits
+/// \throws UnsoundBudget when the sum, or what the other side would tell of it, leaves 64 bits
 std::int64_t PostingsTally::WideSum::whole() const
 {
     using Part = std::numeric_limits<std::int32_t>;
     auto const carried = high + (low >> halfOfBits);
-    require(carried >= Part::min() && carried <= Part::max(), "more than an account can hold");
-    return carried * (std::int64_t{1} << halfOfBits) + (low & lowHalf);
+    auto const rest = low & lowHalf;
+    auto const hasNoCounterpart = carried == Part::min() && rest == 0;
+    require(carried >= Part::min() && carried <= Part::max() && !hasNoCounterpart, "more than an account can hold");
+    return carried * (std::int64_t{1} << halfOfBits) + rest;
 }
 
 PostingsTally::Day PostingsTally::Day::of(std::string_view text)
@@ -98,6 +101,7 @@ void PostingsTally::add(SweptRow const& row)
                        .description = row.text(6),
                        .status = row.text(7)};
     require(id > 0 && words.amount > 0 && debiting != crediting && days::isDay(words.day), "a posting breaks a rule");
+    require(isStorable(words.description), "no text");
     names::toStatus(words.status);
     words.debiting = turnOver(debiting, words.currency, words.amount);
     words.crediting = turnOver(crediting, words.currency, -words.amount);

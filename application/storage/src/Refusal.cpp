@@ -2,6 +2,7 @@
 
 #include "FileLock.h"
 #include "UnsoundBudget.h"
+#include "WorkingFiles.h"
 
 #include <storage/DocumentError.h>
 
@@ -231,6 +232,14 @@ Reason reasonOf(FileLock::Held const& held)
                 .arg(QFile::decodeName(held.path()))};
 }
 
+/// What is wrong there is wrong with the program's own folder and not with the file.
+Reason reasonOf(NoWorkingFolder const& failure)
+{
+    return {tr("the folder '%1', where unsaved work is kept, can't be used, since %2")
+                .arg(QFile::decodeName(failure.folder()), reasonOf(failure.code().value(), Deed::Change).why),
+            tr("See to that folder, then try again.")};
+}
+
 /// \return why the exception that is being handled was thrown; one that storage doesn't throw goes on
 Reason presentReason(Deed deed, QString const& backups)
 {
@@ -242,6 +251,8 @@ Reason presentReason(Deed deed, QString const& backups)
         return reasonOf(unsound, backups);
     } catch (FileLock::Held const& held) {
         return reasonOf(held);
+    } catch (NoWorkingFolder const& failure) {
+        return reasonOf(failure);
     } catch (std::system_error const& failure) {
         return reasonOf(failure.code().value(), deed);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Days.h"
+#include "Stored.h"
 #include "UnsoundBudget.h"
 
 #include <fiscora/Currency.h>
@@ -24,10 +25,14 @@ inline void require(bool isMet, char const* rule)
     }
 }
 
+/// \throws UnsoundBudget for a text that this program would find under other bytes than it has
 inline QString text(SQLite::Statement const& row, int column)
 {
     auto const value = row.getColumn(column);
-    return QString::fromUtf8(value.getText(), value.getBytes());
+    auto const* const bytes = value.getText(); // before its length, which it may change
+    auto const size = value.getBytes();
+    require(isStorable({bytes, static_cast<std::size_t>(size)}), "no text");
+    return QString::fromUtf8(bytes, size);
 }
 
 inline std::string word(SQLite::Statement const& row, int column)

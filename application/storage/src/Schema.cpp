@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -23,6 +24,8 @@ using Reason = UnsoundBudget::Reason;
 
 namespace {
 
+constexpr qsizetype writingOffset = 18;
+constexpr char newestWriting = 2;
 constexpr qsizetype versionOffset = 60;
 constexpr qsizetype applicationIdOffset = 68;
 char const magic[] = "SQLite format 3"; // with its closing NUL
@@ -107,12 +110,25 @@ void checkCount(SQLite::Database const& database, std::string const& table, int 
     }
 }
 
+/// Without a number for another posting, the database would call the disk full.
+void checkNumbersLeft(SQLite::Database const& database)
+{
+    SQLite::Statement last(database,
+                           "SELECT max(ifnull(max(id), 0), "
+                           "(SELECT ifnull(max(CAST(seq AS INTEGER)), 0) FROM sqlite_sequence)) FROM postings");
+    last.executeStep();
+    if (last.getColumn(0).getInt64() > std::numeric_limits<std::int64_t>::max() - mostPostings) {
+        refuse("too few numbers left for postings");
+    }
+}
+
 void checkCounts(SQLite::Database const& database, unsigned int version)
 {
     checkCount(database, "items", mostItems);
     if (version >= 2) {
         checkCount(database, "accounts", mostAccounts);
         checkCount(database, "postings", mostPostings);
+        checkNumbersLeft(database);
     }
 }
 
@@ -162,6 +178,9 @@ void checkHeader(QByteArray const& header, qint64 size)
     if (found < oldestVersion || found > presentVersion) {
         throw UnsoundBudget(found > presentVersion ? Reason::Newer : Reason::Damaged,
                             "version " + std::to_string(found));
+    }
+    if (header[writingOffset] < 1 || header[writingOffset] > newestWriting) {
+        refuse("a way of writing that isn't known"); // the database would open it, but for reading only
     }
     if (size > mostBytes) {
         throw UnsoundBudget(Reason::TooLarge, std::to_string(size) + " bytes");

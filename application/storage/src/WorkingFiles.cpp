@@ -1,7 +1,5 @@
 #include "WorkingFiles.h"
 
-#include "FileSystem.h"
-
 #include <QDebug>
 #include <QDir>
 #include <QFile>
@@ -32,10 +30,9 @@ std::unique_ptr<FileLock> lockOf(QByteArray const& database)
 
 WorkingFiles WorkingFiles::make(QByteArray const& folder)
 {
-    filesystem::makeFolders(folder);
     auto const name = QByteArray::number(QRandomGenerator::system()->generate64(), 16).rightJustified(16, '0');
     auto const database = folder + '/' + name + databaseSuffix;
-    return {database, lockOf(database)};
+    return inWorkingFolder(folder, [&database] { return WorkingFiles(database, lockOf(database)); });
 }
 
 WorkingFiles WorkingFiles::take(QByteArray const& database)

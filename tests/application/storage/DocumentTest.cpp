@@ -210,6 +210,23 @@ TEST_F(DocumentTest, IsDirtyWhenItsFileHasGoneOrChanged)
     EXPECT_TRUE(document->isDirty());
 }
 
+TEST_F(DocumentTest, IsDirtyWhenNobodyCanTellOfItsFile)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkdir("shelf"));
+    save(at("shelf/home.budget"));
+    save(at("home.budget"));
+    auto const shelved = Document::open(places, at("shelf/home.budget"));
+    auto const document = Document::open(places, at("home.budget"));
+
+    ASSERT_TRUE(QDir(at("shelf")).removeRecursively());
+    writeBytes(at("shelf"), "no folder any more");
+    ASSERT_TRUE(QFile::remove(at("home.budget")));
+    ASSERT_TRUE(QFile::link("home.budget", at("home.budget")));
+
+    EXPECT_TRUE(shelved->isDirty());
+    EXPECT_TRUE(document->isDirty());
+}
+
 TEST_F(DocumentTest, ADeletedFileIsSavedAgain)
 {
     save(at("home.budget"));

@@ -45,6 +45,19 @@ TEST_F(RefusalTest, ADamagedBudgetTellsWhereItsLastSavesAre)
     EXPECT_THAT(refusedAfter("PRAGMA user_version = 0"), HasSubstr(places.backups.toStdString()));
 }
 
+TEST_F(RefusalTest, ABudgetThatTheDatabaseWouldOnlyReadIsRefused)
+{
+    constexpr qsizetype writing = 18;
+    save(at("home.budget"));
+    for (auto const version : {'\0', '\3', '\xFF'}) {
+        auto bytes = bytesOf(at("home.budget"));
+        bytes[writing] = version;
+        writeBytes(at("other.budget"), bytes);
+
+        EXPECT_THAT(refused(at("other.budget")), HasSubstr("it is damaged"));
+    }
+}
+
 TEST_F(RefusalTest, ABudgetThatAnotherProgramIsWritingToIsRefused)
 {
     save(at("home.budget"));
@@ -159,6 +172,36 @@ TEST_F(RefusalTest, AFileInAReadOnlyFolderOpensOnceAndSaysWhyItIsNotSaved)
 
     EXPECT_EQ(contentOf(at("shelf/home.budget")), household());
     EXPECT_EQ(::chmod(QFile::encodeName(at("shelf")).constData(), 0755), 0);
+}
+
+TEST_F(RefusalTest, AFolderForUnsavedWorkThatCannotBeWrittenIsNamed)
+{
+    save(at("home.budget"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir("shelf"));
+    Places const unwritable{at("shelf/working-copies"), at("shelf/backups")};
+    OrdinaryUser const person(folder.path());
+    ASSERT_EQ(::chmod(QFile::encodeName(at("shelf")).constData(), 0555), 0);
+
+    auto const opening = refusalOf([&] { Document::open(unwritable, at("home.budget")); }).toStdString();
+    auto const beginning = refusalOf([&] { Document::create(unwritable, household()); }).toStdString();
+
+    for (auto const& sentence : {opening, beginning}) {
+        EXPECT_THAT(sentence, HasSubstr(unwritable.workingCopies.toStdString()));
+        EXPECT_THAT(sentence, HasSubstr("aren't allowed to write"));
+    }
+    EXPECT_EQ(::chmod(QFile::encodeName(at("shelf")).constData(), 0755), 0);
+}
+
+TEST_F(RefusalTest, AFolderForUnsavedWorkBelowALinkThatLeadsNowhereIsNamed)
+{
+    save(at("home.budget"));
+    ASSERT_TRUE(QFile::link("unplugged", at("disk")));
+    Places const gone{at("disk/data/working-copies"), at("disk/data/backups")};
+
+    EXPECT_THAT(refusalOf([&] { Document::open(gone, at("home.budget")); }).toStdString(),
+                HasSubstr(gone.workingCopies.toStdString()));
+    EXPECT_THAT(refusalOf([&] { Document::create(gone, household()); }).toStdString(),
+                HasSubstr(gone.workingCopies.toStdString()));
 }
 
 TEST_F(RefusalTest, AFileThatMayNotBeReadIsRefused)

@@ -116,6 +116,19 @@ TEST_F(SafekeepingTest, TheLockOfAnotherComputerStandsUntilItsFileIsRemoved)
     EXPECT_NO_THROW(Document::open(places, at("home.budget")));
 }
 
+TEST_F(SafekeepingTest, ALockThatWasTakenSinceItsFileWasRemovedStays)
+{
+    save(at("home.budget"));
+    auto earlier = Document::open(places, at("home.budget"));
+    ASSERT_TRUE(QFile::remove(at(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).filter(".lock").value(0))));
+    auto const later = Document::open(places, at("home.budget"));
+
+    earlier.reset();
+
+    EXPECT_THAT(refusalOf([&] { Document::open(places, at("home.budget")); }).toStdString(),
+                HasSubstr("open here already"));
+}
+
 TEST_F(SafekeepingTest, AnEmptyLockFileIsTakenOver)
 {
     save(at("home.budget"));

@@ -83,7 +83,29 @@ INSTANTIATE_TEST_SUITE_P(
         "UPDATE postings SET amount = 9223372036854775807 WHERE currency = 'EUR' AND status <> 'cleared'; "
         "INSERT INTO postings (occurred_on, debiting, crediting, amount, currency, description, status) "
         "SELECT occurred_on, debiting, crediting, amount, currency, description, status FROM postings "
-        "WHERE currency = 'EUR' AND status = 'reconciled'"));
+        "WHERE currency = 'EUR' AND status = 'reconciled'",
+        // A sum that fits, while its counterpart, which the account's balance is, doesn't.
+        "INSERT INTO accounts VALUES (901, 9001, 'Owed', NULL, 'liability', 'EUR', 0, 'household'), "
+        "(902, 9002, 'One half', NULL, 'asset', 'EUR', 0, 'household'), "
+        "(903, 9003, 'Other half', NULL, 'asset', 'EUR', 0, 'household'); "
+        "INSERT INTO postings (occurred_on, debiting, crediting, amount, currency, description, status) "
+        "SELECT '2026-02-03', id, 901, 4611686018427387904, 'EUR', '', 'cleared' FROM accounts WHERE id IN (902, 903)",
+        "UPDATE sqlite_sequence SET seq = 9223372036854775807 WHERE name = 'postings'",
+        "UPDATE postings SET id = 9223372036854775807 WHERE amount = 1"));
+
+// This program reads each of them back as another text, so that it would no longer find what is called so.
+INSTANTIATE_TEST_SUITE_P(
+    Texts, TamperedTest,
+    ::testing::Values(
+        "UPDATE items SET source = 'a' || char(0), source_key = 'a' || char(0) WHERE kind = 'wage'",
+        "UPDATE items SET source = CAST(x'61FF' AS TEXT), source_key = CAST(x'61FF' AS TEXT) WHERE kind = 'wage'",
+        "UPDATE items SET source = CAST(x'EDA080' AS TEXT), source_key = CAST(x'EDA080' AS TEXT) WHERE kind = 'wage'",
+        "UPDATE items SET source = char(65279) || 'a', source_key = char(65279) || 'a' WHERE kind = 'wage'",
+        "UPDATE banks SET name = 'a' || char(0), name_key = 'a' || char(0) WHERE name = 'Gone'",
+        "UPDATE banks SET name = CAST(x'61FF' AS TEXT), name_key = CAST(x'61FF' AS TEXT) WHERE name = 'Gone'",
+        "UPDATE accounts SET name = CAST(x'61FF' AS TEXT) WHERE number = 2002",
+        "UPDATE postings SET description = 'a' || char(0) WHERE amount = 1",
+        "UPDATE postings SET description = CAST(x'61FF' AS TEXT) WHERE amount = 1"));
 
 namespace {
 
