@@ -4,7 +4,6 @@
 #include "Refuse.h"
 
 #include <fiscora/Conversions.h>
-#include <fiscora/Rounders.h>
 #include <tlm/foundation/Error.h>
 #include <tlm/foundation/PresentationText.h>
 
@@ -53,7 +52,7 @@ Money converted(Money const& amount, Currency to, ConversionMap const& rates)
     }
     fiscora::registerConversion(from, to, rates.conversion(from, to)); // another household may have been made since
     try {
-        return fiscora::convert(amount, to)->round(fiscora::rounders::currency::nearest, minorUnitDigits(to));
+        return *fiscora::convertToMinorUnits(amount, to);
     } catch (std::overflow_error const& overflow) {
         throw tlm::foundation::Error(tr("%1 are worth more in %2 than can be counted. Move a smaller amount.")
                                          .arg(presentationText(amount, WithCurrency()), presentationText(to)),

@@ -14,6 +14,13 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(tlm::conversion::ConversionMap)
 };
 
+/// \return whether \a fetched lies within the time for which rates last. A clock that was wrong may tell any time.
+bool isFresh(ConversionMap::TimePoint const& fetched)
+{
+    auto const now = std::chrono::time_point_cast<ConversionMap::TimePoint::duration>(std::chrono::system_clock::now());
+    return now - ConversionMap::lookedUpRatesLast_ <= fetched && fetched <= now;
+}
+
 QString codeOf(fiscora::Currency const& currency)
 {
     return QString::fromStdString(fiscora::toStdString(currency));
@@ -27,8 +34,7 @@ bool ConversionMap::hasConversion(fiscora::Currency const& from, fiscora::Curren
     if (row == rates_.end() || !row->second.contains(to)) {
         return false;
     }
-    return allowExpired.value || !isLookedUp(from, to) ||
-           std::chrono::system_clock::now() - lastFetched_ <= lookedUpRatesLast_;
+    return allowExpired.value || !isLookedUp(from, to) || isFresh(lastFetched_);
 }
 
 fiscora::FloatingPoint const& ConversionMap::conversion(fiscora::Currency const& from,

@@ -2,6 +2,7 @@
 #include "Texts.h"
 
 #include <fiscora/Conversions.h>
+#include <fiscora/Rounders.h>
 
 #include <array>
 #include <charconv>
@@ -69,6 +70,23 @@ Wide scale(Wide value, int exponent)
     }
     return value + firstDigitCutOff / 5; // one away from zero from five on
 }
+
+/// \param cutOff number of digits at the end of a stored amount that are to be zeros
+std::optional<Money> convertedTo(Currency const& to, Money const& money, int cutOff)
+{
+    auto const rate = rates().find({money.code(), to});
+    if (rate == rates().end()) {
+        return std::nullopt;
+    }
+    auto const [digits, exponent] = rate->second;
+    auto const rounded =
+        scale(Wide{money.amount()} * digits, exponent + storedDigits(to) - storedDigits(money.code()) - cutOff);
+    auto const converted = scale(rounded, cutOff);
+    if (converted > std::numeric_limits<long long>::max() || converted < std::numeric_limits<long long>::min()) {
+        checked::raiseOverflow();
+    }
+    return Money::fromAmount(to, static_cast<long long>(converted));
+}
 }
 
 void registerConversion(Currency const& from, Currency const& to, FloatingPoint const& rate)
@@ -89,19 +107,13 @@ void clearConversions() noexcept
 
 std::optional<Money> convert(Money const& money, Currency const& to)
 {
-    if (money.code() == to) {
-        return money;
-    }
-    auto const rate = rates().find({money.code(), to});
-    if (rate == rates().end()) {
-        return std::nullopt;
-    }
-    auto const [digits, exponent] = rate->second;
-    auto const converted =
-        scale(Wide{money.amount()} * digits, exponent + storedDigits(to) - storedDigits(money.code()));
-    if (converted > std::numeric_limits<long long>::max() || converted < std::numeric_limits<long long>::min()) {
-        checked::raiseOverflow();
-    }
-    return Money::fromAmount(to, static_cast<long long>(converted));
+    return money.code() == to ? money : convertedTo(to, money, 0);
+}
+
+std::optional<Money> convertToMinorUnits(Money const& money, Currency const& to)
+{
+    auto const below = storedDigits(to) - static_cast<int>(minorUnitDigits(to));
+    return money.code() == to ? money.round(rounders::currency::nearest, minorUnitDigits(to))
+                              : convertedTo(to, money, below);
 }
 }

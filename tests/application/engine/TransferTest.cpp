@@ -80,6 +80,15 @@ TEST_F(TransferTest, AcrossCurrenciesItGoesThroughTheExchangeAccountsOfBoth)
     EXPECT_EQ(store.kept(), household.content());
 }
 
+TEST_F(TransferTest, WhatArrivesIsRoundedOnce)
+{
+    setRate(Currency::USD, Currency::EUR, 1.00495);
+
+    move(checking, travels, dollars(1));
+
+    EXPECT_EQ(household.balance(travels), euros(1)); // and not 1.01, by way of 1.0050
+}
+
 TEST_F(TransferTest, TheExchangeAccountsServeAgain)
 {
     setRate(Currency::USD, Currency::EUR, 0.5);

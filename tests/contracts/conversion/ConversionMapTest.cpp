@@ -155,6 +155,20 @@ TEST_F(ConversionMapTest, ALookedUpRateExpiresAfterADay)
     EXPECT_EQ(rates.conversion(Currency::USD, Currency::EUR).underlying(), 0.92);
 }
 
+TEST_F(ConversionMapTest, ARateLookedUpByAWrongClockHasExpired)
+{
+    using Ticks = ConversionMap::TimePoint::duration;
+    rates.updateConversion(Currency::USD, Currency::EUR, FloatingPoint(0.92), lookedUp);
+
+    for (auto const& fetched :
+         {ago(-1h), ago(24h * -365), ConversionMap::TimePoint(Ticks::max()), ConversionMap::TimePoint(Ticks::min())}) {
+        rates.setLastFetched(fetched);
+
+        EXPECT_FALSE(rates.hasConversion(Currency::USD, Currency::EUR, freshOnly))
+            << fetched.time_since_epoch().count();
+    }
+}
+
 TEST_F(ConversionMapTest, ATypedRateNeverExpires)
 {
     rates.updateConversion(Currency::USD, Currency::EUR, FloatingPoint(0.92), typed);

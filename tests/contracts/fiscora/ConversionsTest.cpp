@@ -71,6 +71,18 @@ TEST_F(ConversionsTest, ARateMeansTheDecimalNumberThatWasWritten)
     EXPECT_EQ(convert(Money::fromAmount(Currency::EUR, -100), Currency::USD), Money::fromAmount(Currency::USD, -101));
 }
 
+TEST_F(ConversionsTest, MinorUnitsAreRoundedOnce)
+{
+    registerConversion(Currency::EUR, Currency::USD, FloatingPoint(1.00495));
+    registerConversion(Currency::EUR, Currency::JPY, FloatingPoint(160.5));
+
+    EXPECT_EQ(convertToMinorUnits(Money(Currency::EUR, 1, 0, 0), Currency::USD), Money(Currency::USD, 1, 0, 0));
+    EXPECT_EQ(convertToMinorUnits(-Money(Currency::EUR, 1, 0, 0), Currency::USD), -Money(Currency::USD, 1, 0, 0));
+    EXPECT_EQ(convertToMinorUnits(Money(Currency::EUR, 1, 0, 0), Currency::JPY), Money(Currency::JPY, 161, 0, 0));
+    EXPECT_EQ(convertToMinorUnits(Money(Currency::EUR, 1, 0, 50), Currency::EUR), Money(Currency::EUR, 1, 1, 0));
+    EXPECT_EQ(convertToMinorUnits(Money(Currency::USD, 1, 0, 0), Currency::EUR), std::nullopt);
+}
+
 TEST_F(ConversionsTest, LargeAmountsLoseNothing)
 {
     registerConversion(Currency::EUR, Currency::USD, FloatingPoint(1.0));

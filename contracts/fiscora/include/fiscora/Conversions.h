@@ -21,4 +21,7 @@ void clearConversions() noexcept;
 /// \return empty when no rate of that direction is registered
 /// \throws std::overflow_error when the result leaves 64 bits
 std::optional<Money> convert(Money const& money, Currency const& to);
+
+/// As convert(), but to whole minor units. Rounding what convert() gives would round twice, and 0.4950 up to 1.
+std::optional<Money> convertToMinorUnits(Money const& money, Currency const& to);
 }

@@ -15,7 +15,8 @@ namespace tlm::conversion {
 
 /// Exchange rates between currencies, each for one direction: what one unit of the first is worth in the second.
 ///
-/// A rate that was looked up expires `lookedUpRatesLast_` after the last fetch; a rate that a person typed never does.
+/// A rate that was looked up expires `lookedUpRatesLast_` after the last fetch, and counts as expired where that is told to
+/// lie ahead; a rate that a person typed never does.
 /// Nothing is derived: neither the way back nor a currency with itself has a rate until one is stored.
 class ConversionMap
 {
