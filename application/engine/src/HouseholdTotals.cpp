@@ -68,13 +68,14 @@ BudgetTotals Household::monthlyTotals() const
 std::vector<BudgetItemAmountDue> Household::due(QDate const& today) const
 {
     auto const last = today.addDays(content_.settings.dueWithin.count());
+    auto const share = mostDue_ / std::max(content_.items.size(), std::size_t{1});
+    auto const most = std::clamp(share, std::size_t{1}, mostDueOfOneItem_);
     std::vector<BudgetItemAmountDue> found;
     for (auto const& [identifier, item] : content_.items) {
         Recurrence const recurrence(item.period, item.anchoredOn, content_.settings.workingWeek);
-        auto const days = recurrence.between(item.nextOccurOn, last, mostDueOfOneItem_);
-        if (days.size() == mostDueOfOneItem_) {
-            qWarning() << "Of a long neglected budget item, only its first" << mostDueOfOneItem_
-                       << "are due:" << identifier;
+        auto const days = recurrence.between(item.nextOccurOn, last, most);
+        if (days.size() == most) {
+            qWarning() << "Of a long neglected budget item, only its first" << most << "are due:" << identifier;
         }
         for (auto const& day : days) {
             found.push_back({{identifier, day}, amountOfOccurrence(item)});

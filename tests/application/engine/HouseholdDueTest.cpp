@@ -176,6 +176,22 @@ TEST_F(HouseholdDueTest, AnItemLeftAloneForAgesShowsItsEarliestOccurrencesAndSay
     EXPECT_TRUE(std::is_sorted(days.begin(), days.end()));
 }
 
+TEST_F(HouseholdDueTest, ManyItemsLeftAloneForAgesShareWhatIsTold)
+{
+    constexpr std::size_t items = 124;
+    tlm::testing::expectMessage(QtWarningMsg, "only its first 800 are due");
+    for (std::size_t item = 0; item < items; ++item) {
+        plan(BudgetItemTypes::Bill, QString::number(item), EventFrequency::Daily, {1, 1, 1});
+    }
+    plan(BudgetItemTypes::Wage, "Shop", EventFrequency::Monthly, today);
+
+    auto const due = household.due(today);
+
+    EXPECT_LE(due.size(), Household::mostDue_);
+    EXPECT_EQ(std::ranges::count(due, QDate(1, 1, 1), &BudgetItemAmountDue::dueOn), std::ptrdiff_t{items});
+    EXPECT_EQ(std::ranges::count(due, BudgetItemTypes::Wage, &BudgetItemAmountDue::type), 1);
+}
+
 TEST_F(HouseholdDueTest, OnAnInvalidDayNothingIsDue)
 {
     plan(BudgetItemTypes::Bill, "Rent", EventFrequency::Monthly, {2025, 1, 31});

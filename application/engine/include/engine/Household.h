@@ -38,6 +38,9 @@ public:
     /// What due() tells of one item at most: about four years of working days, or eighty of months.
     static constexpr std::size_t mostDueOfOneItem_ = 1000;
 
+    /// What due() tells of all items at most, shared among them evenly, at least one of each.
+    static constexpr std::size_t mostDue_ = 100'000;
+
     /// \param store outlives the household and holds \a content already
     /// \throws foundation::Error when \a content breaks a rule that the changes below keep
     Household(BudgetContent content, Store& store);
@@ -188,8 +191,8 @@ public:
 
     /// \return every occurrence neither posted nor skipped up to as many days after \a today as the settings tell, overdue
     ///         ones included, ordered by date, type and source. The earliest of each item come first and later ones follow
-    ///         up once they are dealt with, where there are more than `mostDueOfOneItem_`. An hourly item is due with the
-    ///         hours of a whole working day.
+    ///         up once they are dealt with, where there are more than `mostDueOfOneItem_` or its share of `mostDue_`. An
+    ///         hourly item is due with the hours of a whole working day.
     /// \throws foundation::Error when those come to more than can be counted
     std::vector<tlm::budgeting::BudgetItemAmountDue> due(QDate const& today) const;
 
