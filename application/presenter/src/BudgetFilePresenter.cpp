@@ -115,9 +115,12 @@ bool BudgetFilePresenter::mayReplace(QString const& filePathName) const
     if (!QFileInfo::exists(filePathName)) {
         return true;
     }
-    return QMessageBox::question(&window_, tr("Save Budget"),
-                                 tr("'%1' exists already. Do you want to replace it?").arg(filePathName),
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    QMessageBox box(QMessageBox::Question, tr("Save Budget"),
+                    tr("'%1' exists already. Do you want to replace it?").arg(filePathName),
+                    QMessageBox::Yes | QMessageBox::No, &window_);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
 }
 
 bool BudgetFilePresenter::attemptOrTell(QString const& title, std::function<void()> const& attempt)

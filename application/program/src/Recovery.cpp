@@ -41,6 +41,7 @@ Choice ask(QWidget& window, storage::Orphan const& orphan)
                                "be recovered.")
                         .arg(nameOf(orphan), QLocale().toString(orphan.changedOn, QLocale::LongFormat)),
                     QMessageBox::NoButton, &window);
+    box.setTextFormat(Qt::PlainText);
     auto const* const recover = box.addButton(translated("&Recover"), QMessageBox::AcceptRole);
     auto const* const discard = box.addButton(translated("&Discard"), QMessageBox::DestructiveRole);
     auto* const later = box.addButton(translated("Ask Me &Later"), QMessageBox::RejectRole);

@@ -70,6 +70,19 @@ TEST_F(BudgetFilePresenterTest, UnsavedChangesAreLostToANewBudgetOnlyAfterAYes)
     EXPECT_TRUE(session.household().content().items.empty());
 }
 
+TEST_F(BudgetFilePresenterTest, ANameThatLooksLikeMarkupIsToldAsItIs)
+{
+    expectMessage(QtWarningMsg, "Open Budget");
+
+    emit window.loadBudgetFile(home.path("<img src='x'>.budget"));
+
+    auto* const box = shownWindow<QMessageBox>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->text().contains("<img src='x'>.budget"));
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    box->button(QMessageBox::Ok)->click();
+}
+
 TEST_F(BudgetFilePresenterTest, OpensAFileAndShowsItsDashboard)
 {
     auto const sample = writeSample("sample.budget");
