@@ -15,15 +15,26 @@ public:
 
     void paint(QPainter* painter, QRect const& place, QIcon::Mode mode, QIcon::State state) override
     {
-        if (picture_.isNull()) {
-            picture_ = QIcon(file_);
-        }
-        picture_.paint(painter, place, Qt::AlignCenter, mode, state);
+        picture().paint(painter, place, Qt::AlignCenter, mode, state);
+    }
+
+    /// The engine's own way would paint onto what happens to lie in memory.
+    QPixmap pixmap(QSize const& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return picture().pixmap(size, 1, mode, state);
     }
 
     QIconEngine* clone() const override { return new LatePicture(*this); }
 
 private:
+    QIcon const& picture()
+    {
+        if (picture_.isNull()) {
+            picture_ = QIcon(file_);
+        }
+        return picture_;
+    }
+
     QString file_;
     QIcon picture_;
 };

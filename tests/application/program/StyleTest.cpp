@@ -20,6 +20,16 @@ TEST_P(StyleArrowTest, IsDrawnAtAnySize)
     EXPECT_NE(large, nothing);
 }
 
+TEST_P(StyleArrowTest, LetsTheBarShowThroughAroundIt)
+{
+    Style const style;
+
+    auto const image = style.standardIcon(GetParam()).pixmap(QSize(64, 64), 1.0).toImage();
+
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(63, 63).alpha(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(BothDirections, StyleArrowTest,
                          ::testing::Values(QStyle::SP_ToolBarHorizontalExtensionButton,
                                            QStyle::SP_ToolBarVerticalExtensionButton));
