@@ -3,8 +3,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QIcon>
+#include <QIconEngine>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPainter>
 #include <QTimer>
 #include <QToolBar>
 
@@ -56,12 +58,45 @@ QIcon own(char const* file)
     return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(file)));
 }
 
-QIcon iconOf(ActionIcon const& entry)
+/// A picture in a menu. Its colours would be lost in the highlight of the chosen entry, so there it takes that of the text.
+class MenuPicture : public QIconEngine
+{
+public:
+    explicit MenuPicture(QIcon const& picture) : picture_(picture) {}
+
+    void paint(QPainter* painter, QRect const& place, QIcon::Mode mode, QIcon::State state) override
+    {
+        painter->drawPixmap(place, pixmap(place.size(), mode, state));
+    }
+
+    QPixmap pixmap(QSize const& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        auto drawn = picture_.pixmap(size, 1, mode, state);
+        if (mode == QIcon::Active) {
+            QPainter painter(&drawn);
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(drawn.rect(), QApplication::palette().highlightedText());
+        }
+        return drawn;
+    }
+
+    QIconEngine* clone() const override { return new MenuPicture(*this); }
+
+private:
+    QIcon picture_;
+};
+
+QIcon ownInMenu(char const* file)
+{
+    return QIcon(new MenuPicture(own(file))); // which owns the engine
+}
+
+QIcon iconOf(ActionIcon const& entry, QIcon (*ours)(char const* file))
 {
     if (entry.theme != nullptr && QIcon::hasThemeIcon(QLatin1String(entry.theme))) {
         return QIcon::fromTheme(QLatin1String(entry.theme));
     }
-    return own(entry.file);
+    return ours(entry.file);
 }
 
 ActionIcon const* entryOf(QAction const& action)
@@ -74,7 +109,7 @@ ActionIcon const* entryOf(QAction const& action)
 void dress(QAction& action)
 {
     if (auto const* const entry = entryOf(action)) {
-        action.setIcon(iconOf(*entry));
+        action.setIcon(iconOf(*entry, ownInMenu));
     }
 }
 
@@ -97,7 +132,7 @@ void dress(QToolBar const& bar, QList<QAction*> const& actions)
         for (auto const* const model : actions) {
             if (auto const* const entry = entryOf(*model);
                 entry != nullptr && plainText(*model) == plainText(*action)) {
-                action->setIcon(iconOf(*entry));
+                action->setIcon(iconOf(*entry, own));
             }
         }
     }

@@ -117,6 +117,53 @@ TEST_P(IconsTest, ToolBarsHaveRoomForTheirPicturesFromTheStart)
     EXPECT_EQ(sizes(), before);
 }
 
+/// \return whether all that \a icon draws is in one colour
+bool isDrawnIn(QColor const& colour, QIcon const& icon, QIcon::Mode mode)
+{
+    auto const image = icon.pixmap(48, 48, mode).toImage();
+    auto drawn = 0;
+    for (auto y = 0; y < image.height(); ++y) {
+        for (auto x = 0; x < image.width(); ++x) {
+            auto const dot = image.pixelColor(x, y);
+            if (dot.alpha() == 255 && dot != colour) {
+                return false;
+            }
+            drawn += dot.alpha() == 255 ? 1 : 0;
+        }
+    }
+    return drawn > 0;
+}
+
+TEST_P(IconsTest, TheChosenEntryOfAMenuHasAPictureInTheColourOfItsText)
+{
+    auto const before = QApplication::palette();
+    auto palette = before;
+    palette.setColor(QPalette::HighlightedText, Qt::magenta);
+    QApplication::setPalette(palette);
+    auto const* const banks = window.findChild<QAction*>("banksActn");
+    dress(window);
+
+    emit window.findChild<QMenu*>("accountingMn")->aboutToShow();
+
+    EXPECT_TRUE(isDrawnIn(Qt::magenta, banks->icon(), QIcon::Active));
+    EXPECT_FALSE(isDrawnIn(Qt::magenta, banks->icon(), QIcon::Normal));
+    QApplication::setPalette(before);
+}
+
+TEST_P(IconsTest, ToolBarEntriesKeepTheirColoursUnderTheMouse)
+{
+    dress(window);
+
+    show();
+
+    for (auto const* const bar : window.findChildren<QToolBar*>()) {
+        for (auto const* const action : bar->actions()) {
+            EXPECT_FALSE(isDrawnIn(QApplication::palette().highlightedText().color(), action->icon(), QIcon::Active))
+                << action->text().toStdString();
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(BothWordings, IconsTest, ::testing::Bool());
 }
 }
