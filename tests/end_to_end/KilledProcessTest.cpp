@@ -45,16 +45,6 @@ protected:
         return engine::Household(document->content(), *document).balance(number);
     }
 
-    void press(QString const& window, QStringList const& keys)
-    {
-        ASSERT_FALSE(window.isEmpty());
-        xdotool({"windowfocus", "--sync", window});
-        for (auto const& key : keys) {
-            xdotool({"key", key});
-            untilAtRest();
-        }
-    }
-
     storage::Places const places{home.path("copies"), home.path("backups")};
     QString const path = home.path("family.budget");
     BankName const bank{"Aspen Bank"};
@@ -68,7 +58,7 @@ TEST_F(KilledProcessTest, ATransferThatWasNotInTheFileYetIsRecovered)
     auto const window = windowOf("family.budget");
     press(window, {"ctrl+r"});
     // Bank, account and kind that the money leaves; those that it enters; the amount, whose currency is told.
-    press(window, {"Tab", "Down", "Tab", "Down", "Tab", "Tab", "Down", "Tab", "Down", "Down", "Tab", "Tab"});
+    press(window, {"Down", "Tab", "Down", "Tab", "Tab", "Down", "Tab", "Down", "Down", "Tab", "Tab"});
     xdotool({"type", "--delay", "60", "120"});
     press(window, {"Tab", "Tab", "space"});
     ASSERT_FALSE(windowOf("family.budget\\*").isEmpty()) << "the transfer is accepted, and not saved";

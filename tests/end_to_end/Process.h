@@ -64,6 +64,16 @@ protected:
         }
     }
 
+    void press(QString const& window, QStringList const& keys)
+    {
+        ASSERT_FALSE(window.isEmpty());
+        xdotool({"windowfocus", "--sync", window});
+        for (auto const& key : keys) {
+            xdotool({"key", key});
+            untilAtRest();
+        }
+    }
+
     tlm::testing::Home home;
     QProcess process;
 

@@ -57,5 +57,15 @@ TEST_F(ProcessTest, TheSampleOpensInAWindowAndTheKeyboardEndsIt)
     EXPECT_EQ(process.exitCode(), 0);
     EXPECT_TRUE(QFileInfo::exists(home.path("state/tallymere/tallymere.log")));
 }
+
+TEST_F(ProcessTest, TheKeyOfTheAccountsWorksFromWithinATextToo)
+{
+    start({"--sample", "--accounting"});
+
+    press(windowOf("Sample household"), {"ctrl+u", "Tab", "Tab", "ctrl+u", "ctrl+q"});
+
+    ASSERT_TRUE(end());
+    EXPECT_EQ(process.readAllStandardError().count("Showing Accounts Widget."), 2);
+}
 }
 }

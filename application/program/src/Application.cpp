@@ -2,9 +2,20 @@
 #include <program/Style.h>
 
 #include <QDebug>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 namespace tallymere::program {
+
+namespace {
+
+/// On X11 a field empties itself at Ctrl+U, and would claim that key before the menu's entry of the same key.
+bool isClaimToEmptyField(QEvent const& event)
+{
+    return event.type() == QEvent::ShortcutOverride &&
+           static_cast<QKeyEvent const&>(event).matches(QKeySequence::DeleteCompleteLine);
+}
+}
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
@@ -13,6 +24,9 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
+    if (isClaimToEmptyField(*event)) {
+        return false;
+    }
     try {
         return QApplication::notify(receiver, event);
     } catch (std::exception const& failure) {
@@ -29,6 +43,7 @@ void Application::tell(QString const& what)
     auto* const box = new QMessageBox(QMessageBox::Critical, tr("Something Went Wrong"),
                                       tr("That didn't work, and your budget is as it was before.\n\n%1").arg(what),
                                       QMessageBox::Ok, activeWindow());
+    box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }

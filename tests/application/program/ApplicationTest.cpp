@@ -58,6 +58,16 @@ TEST_F(ApplicationTest, WhatLeavesASlotIsToldAndLogged)
     EXPECT_TRUE(logged.constFirst().contains("Zürich has no rate."));
 }
 
+TEST_F(ApplicationTest, WhatLooksLikeMarkupIsToldAsItIs)
+{
+    run([] { throw std::runtime_error("<img src='x'> has no rate."); });
+
+    auto const* const box = shownWindow<QMessageBox>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_TRUE(readBox().contains("<img src='x'> has no rate."));
+}
+
 TEST_F(ApplicationTest, ToolBarsWearTheProgramsArrow)
 {
     QToolBar const bar;
