@@ -83,6 +83,36 @@ TEST_F(BudgetFileJourneyTest, AFileChosenInTheDialogOpens)
         << "the sample's dashboard gives way";
 }
 
+TEST_F(BudgetFileJourneyTest, LookingAroundInTheSampleLeavesTheNextStartToTheBudgetOpenedLast)
+{
+    auto const path = home.path("Documents/family.budget");
+    storage::Document::create(storage::Places::ofUser(), engine::emptyContent(QLocale()))->saveAs(path);
+    startOn(path);
+    program.reset();
+    startSample();
+    ASSERT_NE(program->session().document().filePathName(), path);
+    program.reset();
+
+    start({});
+
+    EXPECT_EQ(program->session().document().filePathName(), path);
+}
+
+TEST_F(BudgetFileJourneyTest, WorkSavedInTheSampleIsThereAtTheNextStart)
+{
+    startSample();
+    changeSomething();
+    press(Qt::Key_S, Qt::ControlModifier);
+    auto const sample = program->session().document().filePathName();
+    auto const left = program->session().household().content();
+    program.reset();
+
+    start({});
+
+    EXPECT_EQ(program->session().document().filePathName(), sample);
+    EXPECT_EQ(program->session().household().content(), left);
+}
+
 TEST_F(BudgetFileJourneyTest, AFileThatCannotBeOpenedNeverKeepsTheProgramFromStarting)
 {
     QFile foreign(home.path("letter.budget"));

@@ -54,6 +54,8 @@ TEST_F(DashboardJourneyTest, EveryPersonFindsTheDashboardOfTheLastFileAtTheNextS
 {
     startSample();
     auto const items = find<QTableWidget>("budgetItemsDueTblwdgt").rowCount();
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    chooseFile("family.budget");
     program.reset();
 
     start({});

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDate>
+#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -43,7 +44,7 @@ Program::Program(StartOptions const& options)
     preferences_.setAccounting(wording_.isAccounting);
     dress(window_);
     window_.restoreGeometry(preferences_.windowGeometry());
-    QObject::connect(&session_, &presenter::Session::replaced, &window_, [this] { rememberFile(); });
+    QObject::connect(&session_, &presenter::Session::replaced, &window_, [this] { rememberOpenedFile(); });
     QObject::connect(&session_, &presenter::Session::saved, &window_, [this] { rememberFile(); });
 }
 
@@ -89,6 +90,14 @@ QString Program::firstFile() const
         return QFileInfo(options_.filePathName).absoluteFilePath();
     }
     return preferences_.lastFile();
+}
+
+/// A sample is to look around in: the budget opened last stays that, unless work on the sample is saved.
+void Program::rememberOpenedFile()
+{
+    if (QFileInfo(session_.document().filePathName()).dir() != QDir(sampleFolder())) {
+        rememberFile();
+    }
 }
 
 void Program::rememberFile()

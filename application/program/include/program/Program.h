@@ -36,6 +36,7 @@ private:
     QString openFirst();
     /// \throws storage::DocumentError when the sample can't be made
     QString firstFile() const;
+    void rememberOpenedFile();
     void rememberFile();
 
     StartOptions options_;
