@@ -1,4 +1,5 @@
 #include "internal/AccountsWidget.h"
+#include "internal/CentralView.h"
 #include "tlm/desktop_ui/MainWindow.h"
 
 #include <QDebug>
@@ -31,6 +32,6 @@ void MainWindow::onShowAccounts(std::set<accounting::Account> const& accounts,
     qInfo() << "Showing Accounts Widget.";
     QtPtr<AccountsWidget> const view = new AccountsWidget(accounts, usableCurrencies, displayAs, this);
     join(*view, *this);
-    setCentralWidget(view.get());
+    internal::showCentral(*this, *view);
 }
 }

@@ -1,5 +1,6 @@
 #include "internal/AccountTransferWidget.h"
 #include "internal/BanksWidget.h"
+#include "internal/CentralView.h"
 #include "tlm/desktop_ui/MainWindow.h"
 
 #include <QDebug>
@@ -22,7 +23,7 @@ void MainWindow::onShowMoneyTransfer(std::set<navigation::BankAccountCode> const
     connect(this, &MainWindow::transactionSaveSucceeded, view.get(), &View::onSaveSucceeded);
     connect(this, &MainWindow::transactionSaveFailed, view.get(), &View::onSaveFailed);
     connect(view.get(), &View::closing, this, &MainWindow::prepareShowDashboard);
-    setCentralWidget(view.get());
+    internal::showCentral(*this, *view);
 }
 
 void MainWindow::onShowBanks(banking::BankMap const& banks, std::set<accounting::Account> const& allAccounts,
@@ -46,6 +47,6 @@ void MainWindow::onShowBanks(banking::BankMap const& banks, std::set<accounting:
     connect(this, &MainWindow::bankAccountSaveSucceeded, view.get(), &View::onAccountSaveSucceeded);
     connect(this, &MainWindow::bankAccountSaveFailed, view.get(), &View::onAccountSaveFailed);
     connect(view.get(), &View::closing, this, &MainWindow::prepareShowDashboard);
-    setCentralWidget(view.get());
+    internal::showCentral(*this, *view);
 }
 }

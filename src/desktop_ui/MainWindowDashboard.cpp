@@ -1,3 +1,4 @@
+#include "internal/CentralView.h"
 #include "internal/DashboardWidget.h"
 #include "tlm/desktop_ui/MainWindow.h"
 
@@ -18,7 +19,7 @@ void MainWindow::onShowDashboard(budgeting::BudgetTotals const& bt,
         new internal::DashboardWidget(bt, due, bh, dueWithin, preferred, displayAs, this);
     connect(view.get(), &internal::DashboardWidget::displayBudgetInterface, this,
             &MainWindow::onDisplayBudgetInterface);
-    setCentralWidget(view.get());
+    internal::showCentral(*this, *view);
 }
 
 void MainWindow::onDisplayBudgetInterface(BudgetItemTypes type)

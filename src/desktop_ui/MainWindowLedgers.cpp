@@ -1,3 +1,4 @@
+#include "internal/CentralView.h"
 #include "internal/LedgersWidget.h"
 #include "tlm/desktop_ui/MainWindow.h"
 
@@ -36,6 +37,6 @@ void MainWindow::onShowLedgers(std::set<accounting::Account> const& accounts,
     auto const everydayTerms = configuration_.usesEverydayTerms || !configuration_.isAccounting;
     QtPtr<LedgersWidget> const view = new LedgersWidget(accounts, usableCurrencies, displayAs, everydayTerms, this);
     join(*view, *this);
-    setCentralWidget(view.get());
+    internal::showCentral(*this, *view);
 }
 }

@@ -1,5 +1,6 @@
 #include "internal/BudgetedMoneyCreator.h"
 #include "internal/BudgetedMoniesWidget.h"
+#include "internal/CentralView.h"
 #include "tlm/desktop_ui/MainWindow.h"
 
 #include <QDebug>
@@ -91,7 +92,7 @@ void showPlan(budgeting::BudgetedMoneyMap<Item> const& items, QString const& hea
     }
     joinChanges<Item>(*view, window);
     view->load(items);
-    window.setCentralWidget(view.release());
+    internal::showCentral(window, *view.release());
 }
 }
 
