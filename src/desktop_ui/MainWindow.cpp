@@ -59,6 +59,11 @@ void MainWindow::LaterDeleter::operator()(adjutor::HelpWidget* help) const
     }
 }
 
+bool MainWindow::usesEverydayTerms() const
+{
+    return configuration_.usesEverydayTerms || !configuration_.isAccounting;
+}
+
 void MainWindow::applyWording()
 {
     if (configuration_.isAccounting) {

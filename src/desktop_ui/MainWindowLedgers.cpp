@@ -2,8 +2,6 @@
 #include "internal/LedgersWidget.h"
 #include "tlm/desktop_ui/MainWindow.h"
 
-#include <tlm/navigation/ConfigurationOptions.h>
-
 #include <QDebug>
 
 namespace tlm::desktop_ui {
@@ -34,8 +32,8 @@ void MainWindow::onShowLedgers(std::set<accounting::Account> const& accounts,
                                navigation::CurrencyDisplayOptions displayAs)
 {
     qInfo() << "Showing Ledgers Widget.";
-    auto const everydayTerms = configuration_.usesEverydayTerms || !configuration_.isAccounting;
-    QtPtr<LedgersWidget> const view = new LedgersWidget(accounts, usableCurrencies, displayAs, everydayTerms, this);
+    QtPtr<LedgersWidget> const view =
+        new LedgersWidget(accounts, usableCurrencies, displayAs, usesEverydayTerms(), this);
     join(*view, *this);
     internal::showCentral(*this, *view);
 }

@@ -368,6 +368,10 @@ public slots:
                              std::set<tlm::navigation::BankAccountCode> const& toBanks,
                              std::set<fiscora::Currency> const& usableCurrencies,
                              tlm::navigation::CurrencyDisplayOptions displayAs);
+    /// Emits lookUpBudgetItemSources() and lookUpRefundableTransactions() as the person picks an item.
+    /// \param codes the currencies of all transactions that can be refunded
+    void onShowBudgetItemRefund(std::set<fiscora::Currency> const& codes,
+                                tlm::navigation::CurrencyDisplayOptions displayAs);
     /// \param banks with the accounts that they keep; a new bank is offered when there is none
     /// \param allAccounts the whole chart
     /// \throws foundation::Error when \a allAccounts lacks an account of a bank, or the account that one is part of
@@ -404,6 +408,8 @@ private:
     foundation::QtPtr<QFileDialog> makeFileDialog(QString const& caption);
     bool isConfirmed(QString const& title, QString const& question);
     void showStatus(QString const& message);
+    /// \return whether transactions tell of payments and income, instead of debits and credits
+    bool usesEverydayTerms() const;
 
     std::unique_ptr<Ui::TlmMnwndw> const ui_;
     navigation::ConfigurationOptions const& configuration_;
