@@ -368,6 +368,16 @@ public slots:
                              std::set<tlm::navigation::BankAccountCode> const& toBanks,
                              std::set<fiscora::Currency> const& usableCurrencies,
                              tlm::navigation::CurrencyDisplayOptions displayAs);
+    /// \param items that fall due within \a dueWithin days
+    /// \param banks that can pay or store
+    /// \param preferredCurrency of the total
+    /// \param codes of all accounts
+    void onShowProcessBudgetItems(std::chrono::days dueWithin,
+                                  std::vector<tlm::budgeting::BudgetItemAmountDue> const& items,
+                                  std::set<tlm::banking::BankName> const& banks, fiscora::Currency preferredCurrency,
+                                  std::set<fiscora::Currency> const& usableCurrencies,
+                                  tlm::navigation::CurrencyDisplayOptions displayAs,
+                                  std::set<tlm::accounting::AccountCode> const& codes);
     /// Emits lookUpBudgetItemSources() and lookUpRefundableTransactions() as the person picks an item.
     /// \param codes the currencies of all transactions that can be refunded
     void onShowBudgetItemRefund(std::set<fiscora::Currency> const& codes,
