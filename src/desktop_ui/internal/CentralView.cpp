@@ -2,6 +2,7 @@
 
 #include "internal/TabStops.h"
 
+#include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMainWindow>
