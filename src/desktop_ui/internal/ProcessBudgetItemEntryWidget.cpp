@@ -29,7 +29,7 @@ ProcessBudgetItemEntryWidget::ProcessBudgetItemEntryWidget(std::optional<BudgetI
     setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     for (auto* const dated : {dueOnFrmlyt, processOnFrmlyt}) {
-        budgetItemTopHbxlyt->setAlignment(dated, Qt::AlignVCenter); // in one line with the item
+        dated->setFormAlignment(Qt::AlignLeft | Qt::AlignVCenter); // in one line with the item
     }
     leaveWheelToList(*this);
     errorWdgt->showMessage(std::nullopt); // its form comes with a text
