@@ -57,7 +57,7 @@ ProcessBudgetItemsWidget::~ProcessBudgetItemsWidget()
 auto ProcessBudgetItemsWidget::add(std::optional<BudgetItemAmountDue> const& item) -> EntryPtr
 {
     qInfo() << "Adding processing budget item entry:" << item.value_or(BudgetItemAmountDue()).source.name();
-    EntryPtr const entry = new Entry(item, banks_, usable_, displayAs_, codes_, this);
+    EntryPtr entry = new Entry(item, banks_, usable_, displayAs_, codes_, this);
     connect(entry.get(), &Entry::lookUpBankAccounts, this, &ProcessBudgetItemsWidget::lookUpBankAccounts);
     auto const workInIt = [this, entry] { current_ = entry; };
     connect(entry.get(), &Entry::lookUpBudgetItemDueSources, this, workInIt);
