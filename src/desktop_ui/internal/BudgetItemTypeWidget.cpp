@@ -1,5 +1,7 @@
 #include "internal/BudgetItemTypeWidget.h"
 
+#include "internal/ComboBoxes.h"
+
 #include <tlm/foundation/Error.h>
 
 #include <array>
@@ -26,6 +28,7 @@ BudgetItemTypeWidget::BudgetItemTypeWidget(QtPtr<QWidget> const& parent) : QWidg
     for (auto const type : offered) {
         typeCmbbx->addItem(presentationText(type));
     }
+    settleContents(*typeCmbbx);
     sourceCmbbx->addItem({});
     connect(typeCmbbx, &QComboBox::currentIndexChanged, this, &BudgetItemTypeWidget::typeChanged);
     connect(sourceCmbbx, &QComboBox::currentIndexChanged, this, &BudgetItemTypeWidget::sourceChanged);
@@ -53,6 +56,7 @@ void BudgetItemTypeWidget::setSources(std::set<BudgetSource> const& sources)
     for (auto const& source : sources) {
         sourceCmbbx->addItem(source.name());
     }
+    settleContents(*sourceCmbbx);
 }
 
 void BudgetItemTypeWidget::select(BudgetItemIdentifier const& identifier)
