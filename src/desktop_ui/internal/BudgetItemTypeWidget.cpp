@@ -24,6 +24,9 @@ BudgetItemTypeWidget::BudgetItemTypeWidget(QtPtr<QWidget> const& parent) : QWidg
 {
     setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
+    for (auto* const layout : {typeFrmlyt, sourceFrmlyt}) {
+        layout->setFormAlignment(Qt::AlignLeft | Qt::AlignVCenter); // in one line with what stands beside it
+    }
     typeCmbbx->addItem({});
     for (auto const type : offered) {
         typeCmbbx->addItem(presentationText(type));
